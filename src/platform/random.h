@@ -1,0 +1,16 @@
+// Chance.
+#pragma once
+
+namespace tamlo {
+
+class Random {
+  public:
+    virtual ~Random() = default;
+    /// Mixes a number (seconds since midnight) into the generator's state. Two seedings with the
+    /// same number give unrelated draws.
+    virtual void Seed(double number) = 0;
+    /// Uniform in [0, 1).
+    virtual double Next() = 0;
+};
+
+}  // namespace tamlo

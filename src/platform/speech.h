@@ -1,0 +1,55 @@
+// The voice: what the game asks of a speech engine, whichever one stands behind it.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+namespace tamlo {
+
+/// How `SpeechEngine::Speak` treats its text. The numbers are those of the speech service.
+enum class SpeakFlags {
+    wait = 0,   ///< speak behind what is queued; return when it has been spoken in full
+    queue = 1,  ///< queue the text and return at once
+    purge = 2,  ///< with an empty text: drop all speech, silence at once, return
+};
+
+/// Values of `SpeechEngine::RunningState`.
+enum class RunningState {
+    done = 1,      ///< nothing is being spoken and nothing waits to be
+    speaking = 2,  ///< until the last sample of the last queued text has been taken by the device
+};
+
+/// One speech engine object. The game owns one at a time and replaces it to choose a voice.
+/// Nothing here reports an error: a text that cannot be spoken counts as spoken.
+class SpeechEngine {
+  public:
+    virtual ~SpeechEngine() = default;
+
+    /// Speaks UTF-8 text (ill-formed bytes are dropped). With `wait`, no key is delivered
+    /// meanwhile, but the window stays alive; may throw EndOfProcess.
+    virtual void Speak(std::string_view text, SpeakFlags flags) = 0;
+    virtual RunningState Status() const = 0;
+    /// Seconds until Status may turn to done: a lower estimate for how long a wait may sleep,
+    /// 0 when done.
+    virtual double SecondsLeft() const = 0;
+
+    /// Rate in the service's units: 0 normal, -10 slowest, 10 fastest; taken by texts spoken
+    /// after the call. Any value is accepted and brought into the engine's own range.
+    virtual void SetRate(int rate) = 0;
+    /// Volume, 0 to 100, brought into range; heard at once.
+    virtual void SetVolume(int volume) = 0;
+
+    /// Number of installed voices, 0 or more; their order never changes on one machine.
+    virtual int GetVoicesCount() const = 0;
+    /// Selects the installed voice `index`, from 0; an index out of range changes nothing.
+    virtual void SetVoice(int index) = 0;
+};
+
+/// Makes speech engine objects.
+class Speech {
+  public:
+    virtual ~Speech() = default;
+    virtual std::unique_ptr<SpeechEngine> CreateEngine() = 0;
+};
+
+}  // namespace tamlo
