@@ -1,0 +1,20 @@
+// Test signals and measurements for the mixing tests.
+#pragma once
+
+#include <vector>
+
+namespace tamlo {
+
+/// A sine of amplitude 1.
+std::vector<float> Tone(double hertz, int rate, int count);
+
+/// What a least-squares fit of a sine finds in a signal.
+struct ToneFit {
+    double level = 0;            ///< decibels relative to amplitude 1
+    double signal_to_noise = 0;  ///< decibels; everything but the sine is noise
+};
+
+/// `frequency` in cycles a sample.
+ToneFit FitTone(const std::vector<float>& signal, double frequency);
+
+}  // namespace tamlo
