@@ -1,0 +1,46 @@
+// The last steps that every effect goes through.
+#include "finish.h"
+
+#include <stdexcept>
+#include <string>
+
+#include "filters.h"
+#include "loudness.h"
+#include "recipes.h"
+#include "wave_writer.h"
+
+namespace tamlo::soundsmith {
+
+namespace {
+
+constexpr double kFadeIn = 0.005;
+constexpr double kFadeOut = 0.03;
+
+// Recipes work at 44100 or 32000 samples a second.
+int WorkingFactor(const Effect& effect) {
+    return effect.rate > 20000 ? 2 : 4;
+}
+
+}  // namespace
+
+Sound MakeSound(const Effect& effect) {
+    const int factor = WorkingFactor(effect);
+    const std::size_t room = RoomFor(effect);
+    const double seconds = static_cast<double>(room) / effect.rate;
+    Sound made =
+        RecipeFor(effect)(Brief{effect, effect.rate * factor, seconds, Chance(effect.name)});
+    if (made.rate != effect.rate * factor || Peak(made) == 0.0)
+        throw std::runtime_error("its recipe makes no sound");
+    made.loop = effect.loop;
+    HighPass(made, 25.0);  // no DC, and nothing so low that it only moves a loudspeaker's cone
+    Sound sound = Decimate(made, factor);
+    if (room > 0 && sound.samples.size() > room) sound.samples.resize(room);
+    if (!sound.loop) {
+        FadeIn(sound, kFadeIn);
+        FadeOut(sound, sound.Seconds() < 0.5 ? kFadeIn : kFadeOut);
+    }
+    LevelTo(sound, effect.lufs, effect.peak_db);
+    return sound;
+}
+
+}  // namespace tamlo::soundsmith

@@ -1,0 +1,68 @@
+// soundsmith: makes the wave files of the game.
+#include <unistd.h>
+
+#include <exception>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "workshop.h"
+
+namespace {
+
+using namespace tamlo::soundsmith;
+
+constexpr std::string_view kUsage =
+    "usage: soundsmith [--from SET] FOLDER [EFFECT...]\n"
+    "Makes the wave files of the game in FOLDER: those missing or changed, or the EFFECTs named.\n"
+    "  --from SET  copy from the folder SET what already stands there, made the same way\n";
+
+// On a terminal one line that is written over; elsewhere nothing, so that a log stays short.
+void ShowProgress(std::string_view name, int done, int of) {
+    if (!isatty(STDOUT_FILENO)) return;
+    std::cout << "\rsoundsmith: " << done << " of " << of << ", " << name << "        "
+              << (done == of ? "\n" : "") << std::flush;
+}
+
+int Report(const SetResult& result, std::string_view folder) {
+    for (const std::string& failure : result.failures)
+        std::cerr << "soundsmith: " << failure << "\n";
+    if (result.made + result.taken > 0)
+        std::cout << "soundsmith: " << result.made << " wave files made, " << result.taken
+                  << " taken over, in " << folder << "\n";
+    return result.failures.empty() ? 0 : 1;
+}
+
+int Run(std::vector<std::string> arguments) {
+    std::string other;
+    if (arguments.size() >= 2 && arguments[0] == "--from") {
+        other = arguments[1];
+        arguments.erase(arguments.begin(), arguments.begin() + 2);
+    }
+    if (arguments.empty() || arguments[0].starts_with("-")) {
+        std::cerr << kUsage;
+        return 2;
+    }
+    Workshop workshop(arguments[0], other);
+    if (arguments.size() == 1) return Report(workshop.MakeSet(ShowProgress), arguments[0]);
+    std::vector<const Effect*> effects;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        effects.push_back(FindEffect(arguments[i]));
+        if (effects.back() != nullptr) continue;
+        std::cerr << "soundsmith: there is no effect " << arguments[i] << "\n";
+        return 2;
+    }
+    return Report(workshop.Make(effects, ShowProgress), arguments[0]);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return Run({argv + 1, argv + argc});
+    } catch (const std::exception& error) {
+        std::cerr << "soundsmith: " << error.what() << "\n";
+        return 1;
+    }
+}
