@@ -1,0 +1,89 @@
+// Starting other programs.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <functional>
+#include <thread>
+
+#include "platform/system/programs.h"
+#include "platform/system/system_desktop.h"
+#include "platform/temporary_folder.h"
+
+namespace tamlo {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Waits for what another process does; long enough for a busy machine.
+bool Within10Seconds(const std::function<bool()>& done) {
+    for (int i = 0; i < 1000 && !done(); ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return done();
+}
+
+void WriteScript(const TemporaryFolder& folder, const std::string& name, const std::string& text) {
+    folder.Write(name, "#!/bin/sh\n" + text);
+    fs::permissions(folder / name, fs::perms::owner_all);
+}
+
+TEST(ProgramsTest, StartsInAnOwnSessionWithArgumentsAsTheyAre) {
+    const TemporaryFolder folder;
+    WriteScript(
+        folder, "tell",
+        "cd \"$1\"; printf '%s\\n' \"$2\" $$ $(cut -d' ' -f6 /proc/$$/stat) > new; mv new told");
+    ASSERT_TRUE(
+        StartProgram({folder / "tell", folder.Path(), "$(touch x); 'two words'"}, StartAs::quiet));
+    ASSERT_TRUE(Within10Seconds([&] { return fs::exists(folder / "told"); }));
+    std::istringstream told(folder.Content("told"));
+    std::string argument;
+    long process = 0;
+    long session = 0;
+    std::getline(told, argument);
+    told >> process >> session;
+    EXPECT_EQ(argument, "$(touch x); 'two words'");
+    EXPECT_EQ(process, session);
+    EXPECT_TRUE(Within10Seconds([&] { return ::kill(static_cast<pid_t>(process), 0) != 0; }))
+        << "a zombie is left";
+}
+
+TEST(ProgramsTest, SaysWhatCannotBeStarted) {
+    const TemporaryFolder folder;
+    folder.Write("not executable", "#!/bin/sh\n");
+    for (const StartAs as : {StartAs::own_session, StartAs::quiet}) {
+        EXPECT_FALSE(StartProgram({folder / "not executable"}, as));
+        EXPECT_FALSE(StartProgram({folder / "missing"}, as));
+        EXPECT_FALSE(StartProgram({""}, as));
+        EXPECT_FALSE(StartProgram({}, as));
+    }
+    EXPECT_FALSE(RunInTerminal({"no such editor on any system"}));
+}
+
+TEST(ProgramsTest, WaitsForAProgramInTheTerminal) {
+    const TemporaryFolder folder;
+    WriteScript(folder, "editor", "sleep 0.1; echo edited > \"$1\"");
+    EXPECT_TRUE(RunInTerminal({folder / "editor", folder / "file"}));
+    EXPECT_EQ(folder.Content("file"), "edited\n");
+}
+
+TEST(ProgramsTest, TheLauncherStartsFromTheCurrentDirectory) {
+    const TemporaryFolder folder;
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.Path());
+    WriteScript(folder, "launch me.exe", "pwd > new; mv new told");
+    SystemDesktop desktop({});
+    EXPECT_TRUE(desktop.StartLauncher("launch me.exe"));
+    EXPECT_FALSE(desktop.StartLauncher("sh")) << "programs along PATH are not meant";
+    EXPECT_TRUE(Within10Seconds([&] { return fs::exists("told"); }));
+    EXPECT_EQ(folder.Content("told"), fs::current_path().string() + "\n");
+    fs::current_path(before);
+}
+
+TEST(ProgramsTest, KnowsItsOwnFolder) {
+    EXPECT_EQ(ProgramPath(), fs::read_symlink("/proc/self/exe").string());
+    EXPECT_TRUE(fs::exists(ProgramFolder() + "/" + fs::path(ProgramPath()).filename().string()));
+}
+
+}  // namespace
+}  // namespace tamlo
