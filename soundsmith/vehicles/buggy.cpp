@@ -1,0 +1,113 @@
+// The dune buggy: an air-cooled flat four with open pipes, uneven and clattering.
+#include "vehicles.h"
+
+namespace tamlo::soundsmith {
+
+namespace {
+
+constexpr double kIdle = 28.0 / 4.0;  // cycles of four firings a second
+constexpr double kIdleLevel = 0.17;
+constexpr double kIdleLoad = 0.5;
+constexpr double kIdleBright = 2400;
+
+const EngineKind kBuggy{
+    .cycle = {{0.0, 1.0}, {0.26, 0.72}, {0.5, 0.92}, {0.765, 0.6}},
+    .pulse = 0.0011,
+    .uneven = 0.3,
+    .exhaust = {{105, 1.6, 1.0}, {235, 2.5, 1.0}, {470, 3.0, 0.7}, {820, 4, 0.45}, {1500, 5, 0.2}},
+    .direct = 0.4,
+    .gas = 0.35,
+    .gas_low_hz = 250,
+    .gas_high_hz = 3200,
+    .clatter = 0.5,
+    .clatter_hz = 3400,
+    .drive = 2.2,
+    .high_pass_hz = 70,
+};
+
+// Pulses a second to cycles: the curves below are drawn in what is heard.
+constexpr double P(double pulses) {
+    return pulses / 4.0;
+}
+
+}  // namespace
+
+Sound BuggyIdle(Brief brief) {
+    return DriveEngine(kBuggy, brief.Blank(), {kIdle, kIdleLoad, kIdleBright, 1.0}, brief.chance);
+}
+
+Sound BuggyStart(Brief brief) {
+    Sound start = brief.Blank();
+    MixAt(start, Starter(brief.rate, 0.95, 330, 8.5, brief.chance), 0.02, 0.5);
+    const Ride ride{
+        .cycles = {{0.0, P(14)},
+                   {0.85, P(16)},
+                   {1.0, P(60)},
+                   {1.25, P(96)},
+                   {1.5, P(84)},
+                   {2.1, P(38)},
+                   {2.5, kIdle}},
+        .load = {{0.0, 0.0},
+                 {0.5, 0.0},
+                 {0.52, 0.35},
+                 {0.85, 0.5},
+                 {0.95, 1.0},
+                 {1.4, 0.9},
+                 {1.7, 0.45},
+                 {2.5, kIdleLoad}},
+        .bright_hz = {{0.0, 1500}, {0.9, 3000}, {1.1, 8000}, {1.6, 4000}, {2.5, kIdleBright}},
+        .level = {{0.0, 0.6}, {0.9, 0.9}, {1.1, 1.0}, {1.6, 0.8}, {2.3, 0.3}, {2.75, kIdleLevel}},
+    };
+    MixAt(start, DriveEngine(kBuggy, start, ride, brief.chance), 0.0);
+    return start;
+}
+
+Sound BuggyPullsAway(Brief brief) {
+    const Ride ride{
+        .cycles = {{0.0, kIdle},
+                   {0.2, P(52)},
+                   {1.35, P(118)},
+                   {1.5, P(66)},
+                   {1.65, P(70)},
+                   {2.95, P(124)},
+                   {3.1, P(76)},
+                   {3.25, P(80)},
+                   {4.3, P(116)},
+                   {4.9, P(112)},
+                   {5.4, P(50)},
+                   {5.75, kIdle}},
+        .load = {{0.0, kIdleLoad},
+                 {0.15, 0.9},
+                 {1.3, 1.0},
+                 {1.36, 0.25},
+                 {1.55, 0.25},
+                 {1.65, 1.0},
+                 {2.9, 1.0},
+                 {2.96, 0.25},
+                 {3.15, 0.25},
+                 {3.25, 0.95},
+                 {4.3, 0.9},
+                 {4.4, 0.55},
+                 {4.9, 0.55},
+                 {5.0, 0.3},
+                 {5.75, kIdleLoad}},
+        .bright_hz = {{0.0, kIdleBright},
+                      {0.3, 6000},
+                      {1.3, 9000},
+                      {1.42, 2400},
+                      {1.55, 2600},
+                      {1.7, 7000},
+                      {2.9, 9500},
+                      {3.02, 2400},
+                      {3.15, 2600},
+                      {3.3, 7000},
+                      {4.3, 8000},
+                      {4.5, 4500},
+                      {5.0, 2800},
+                      {5.75, kIdleBright}},
+        .level = {{0.0, 0.3}, {0.25, 0.9}, {4.3, 1.0}, {4.9, 0.75}, {5.2, 0.4}, {5.65, kIdleLevel}},
+    };
+    return DriveEngine(kBuggy, brief.Blank(), ride, brief.chance);
+}
+
+}  // namespace tamlo::soundsmith
