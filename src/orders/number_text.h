@@ -1,0 +1,27 @@
+// Numbers as the game's sentences write them: plain, in money, in counts.
+#pragma once
+
+#include <string>
+
+namespace tamlo {
+
+/// Shortest decimal text that reads back as the same number, never with an exponent; "0" for
+/// what is not finite.
+std::string Plain(double number);
+std::string Plain(int number);
+
+/// Rounded to so many decimals (0 to 15), halves away from zero on the number's own shortest
+/// decimal text: 0.125 to .13 and 1.005 to 1.01, as a person reading the number would.
+double Rounded(double number, int decimals);
+
+/// The picture "#,###,###.##": two decimals at most and no trailing zeros, groups of three, no
+/// leading zero, the point always: 0.5 is ".5", 20 is "20.", 1234.5 is "1,234.5", 0 is ".".
+std::string MoneyPicture(double amount);
+
+/// The picture "###,###": a whole number in groups of three; 0 is the empty text.
+std::string CountPicture(double count);
+
+/// An amount of dollars as it is spoken: " $17.45", " $34.90", " $20.", " $.50".
+std::string MoneyText(double dollars);
+
+}  // namespace tamlo
