@@ -1,0 +1,28 @@
+// City streets files: 147 names, one a field; and which names of cities can name a file.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "city/city_fields.h"
+
+namespace tamlo {
+
+inline constexpr int names_in_a_city = most_roads + most_streets;
+inline constexpr std::string_view streets_prefix = "tamlostreets";
+inline constexpr std::string_view streets_ending = ".txt";
+
+/// The names in a streets file's content (UTF-8 or Windows-1252), at most 147, each at most 200
+/// characters. A field ends at a comma or a line end (CR LF, CR or LF), blanks before it are
+/// skipped, one in double quotes may hold commas, an empty line is an empty name.
+std::vector<std::string> ReadStreetNames(std::string_view bytes);
+
+/// File name of a city's streets, or of the default ones for "original".
+std::string StreetsFileName(std::string_view city);
+
+/// Whether a typed name (UTF-8) can stand in a file's name on every file system: not empty, none
+/// of / \ : * ? " < > | and control characters, no blank or dot at either end, 255 bytes at most.
+bool UsableCityName(std::string_view city);
+
+}  // namespace tamlo
