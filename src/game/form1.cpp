@@ -1,0 +1,13 @@
+#include "game/form1.h"
+
+namespace tamlo {
+
+Form1::Form1(const Platform& services) : platform(services) {}
+
+void Form1::Form_Load() {
+    startup();
+    mainmenu();
+    workday();
+}
+
+}  // namespace tamlo

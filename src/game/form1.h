@@ -1,0 +1,190 @@
+// The game: one object, one record of fields, and the index of every operation that more than one
+// file needs. Bodies stand in the file of their topic, in the folder of the section's name.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "game/game_state.h"
+#include "platform/events.h"
+#include "platform/platform.h"
+
+namespace tamlo {
+
+struct ListMenu;     // speech/menus.h
+struct YesNoPrompt;  // speech/menus.h
+
+class Form1 final : private KeyListener {
+  public:
+    /// The services must outlive the game.
+    explicit Form1(const Platform& services);
+
+    GameState gs;
+    Platform platform;
+
+    // --- game ------------------------------------------------------------------------------
+    /// The whole game, from the start-up on. Leaves only by EndOfProcess.
+    void Form_Load();
+    /// Start-up: sound, voice, files, settings, saved game; ends before the main menu.
+    void startup();
+    /// Main menu; returns when a game has been started.
+    void mainmenu();
+    /// Start of a game: chooses the city. False: back to the main menu.
+    bool startgame();
+    /// A working day; ends the process.
+    [[noreturn]] void workday();
+    /// A trip with the orders handed out; returns at the restaurant, every order delivered.
+    void trip();
+    /// The scene at the door for order k.
+    void deliver(int k);
+    /// Return to the restaurant: summary and promotions; ends the game above 2000 dollars.
+    void comeback();
+    /// The end of the game, with the record; ends the process.
+    [[noreturn]] void endgame();
+    /// Compares the time with the record, and stores a new one.
+    void checkrecord();
+    /// Hands over to the launcher, if there is one, and ends the process.
+    [[noreturn]] void runEnd();
+
+    // --- speech ----------------------------------------------------------------------------
+    /// Speaks and returns when the text has been spoken in full.
+    void say(std::string_view text);
+    /// Queues the text and returns at once.
+    void say2(std::string_view text);
+    /// Drops all speech.
+    void stopspeech();
+    /// True while something is being spoken.
+    bool speaking() const;
+    /// Waits for the end of speech or a key, then silences; the key stays pending.
+    void w4s();
+    /// Waits so many seconds.
+    void dy(double seconds);
+    /// Clears the pending key; a key still queued survives in `g`.
+    void clk();
+    /// Waits for one key, then silences speech.
+    void getkey();
+    /// Speaks the prompt and reads a line into `r`.
+    void getter(std::string_view prompt);
+    /// Speaks `g2` quickly, cutting off other speech; F1 silently.
+    void saykey();
+    /// One event-processing turn; may sleep up to `rest` seconds if nothing happens.
+    void pumpEvents(double rest = 0);
+    /// A fresh speech engine with the voice, rate and volume of the settings.
+    void setupvoice();
+    /// Runs a list menu; the item chosen, from 1, or what an extra key left it with.
+    int runMenu(const ListMenu& menu);
+    /// Asks a yes/no question: 1 yes, 2 no.
+    int askYesNo(const YesNoPrompt& prompt);
+    /// The options menu.
+    void omen();
+    void changevoice();
+    void adjrate();
+    void adjvol();
+    void choosegender();
+    /// Begin to read the instructions, or those of the special keys.
+    void readins();
+    void speckeys();
+
+    // --- sound -----------------------------------------------------------------------------
+    /// Loads NAME.wav into a buffer field, at `wavol` and its own rate plus one.
+    void prepare(std::unique_ptr<SoundBuffer>& buffer, std::string_view name);
+    /// Plays to the end; keys stay pending.
+    void play(std::string_view name);
+    /// Plays until the end or a key.
+    void play2(std::string_view name);
+    /// Starts an effect and goes on.
+    void play3(std::string_view name);
+    void playloop(std::string_view name);
+    void stoploop();
+    /// Waits while a once-played buffer sounds.
+    void waitfor(const SoundBuffer& buffer);
+    /// Starts the title sound; waits for its end or a key.
+    void starttitle();
+    void endtitle();
+    /// The background: a new one at random, faded down and up, stopped.
+    void pbg();
+    void bgdown();
+    void bgup();
+    void bgstop();
+    /// Load the vehicle, parking and background sounds; the vehicle's alone.
+    void ldwv();
+    void ldwv2();
+    /// Sets `wcv` to 1 when a wave file is missing or altered.
+    void checkwave();
+
+    // --- city ------------------------------------------------------------------------------
+    /// The default street names.
+    void sos();
+    void saywhere();
+    void saylay();
+    /// One block in the heading; a beep at the city limit.
+    void moveblock();
+    /// Load the default streets file, or the chosen one.
+    void setstreets();
+    void setstreets2();
+    /// Writes a streets file with the default names; false if it cannot be written.
+    bool printstreets(const std::string& name);
+    /// Lists the streets files; lets the player choose one.
+    void glocs();
+    void ssf(std::string_view prompt);
+    /// The flows of the main menu; createcity tells whether a file was created.
+    bool createcity();
+    void editcity();
+    void deletecity();
+
+    // --- orders ----------------------------------------------------------------------------
+    /// Makes up the orders of a trip.
+    void getord();
+    void sayord();
+    void saytime();
+    void sayctt();
+    void sayrealtime();
+    /// Money as text, into `tp5`.
+    void fm5(double dollars);
+    /// Fills the table of toppings.
+    void settoppings();
+
+    // --- driving ---------------------------------------------------------------------------
+    /// Asks for the speed of the next block.
+    void GetSped();
+    /// The delivery area of the vehicle.
+    void setmaxa();
+    /// The road events of the block just driven.
+    void checkspec();
+    void playambu();
+    void playtruck();
+    /// One of the seventeen random scenes.
+    void playscene();
+    /// Game seconds, added to the clock and to the trip time.
+    void addtime(double seconds);
+    void startcar();
+    void playgo();
+    void pidl();
+    void stoppidl();
+    void ppk();
+    void stopppk();
+    void togcar();
+    /// Seeds chance from the clock; draws the integer part of (random * n) + k.
+    void seed();
+    int draw(int n, int k = 1);
+
+    // --- store -----------------------------------------------------------------------------
+    void getdatapath();
+    void readCFG();
+    void printCFG();
+    /// Full path of one of the player's files.
+    std::string path(std::string_view name) const;
+    /// Renames a file that can't be understood to a new name; false if that fails.
+    bool putaside(const std::string& name);
+    /// Appends a line to the daily log, or starts it afresh.
+    void logline(std::string_view line);
+    /// Quits for the day: wage, saved game. False if the game could not be saved.
+    bool saga();
+    void gesaga();
+    void desag();
+
+  private:
+    void Form_KeyDown(int code, int modifiers) override;
+};
+
+}  // namespace tamlo
