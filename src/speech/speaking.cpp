@@ -1,0 +1,53 @@
+// Speaking and waiting: the primitives by which the game talks.
+#include <chrono>
+#include <cmath>
+
+#include "game/form1.h"
+#include "platform/clock.h"
+#include "platform/speech.h"
+
+namespace tamlo {
+
+void Form1::say(std::string_view text) {
+    gs.Voice->Speak(text, SpeakFlags::wait);
+}
+
+void Form1::say2(std::string_view text) {
+    gs.Voice->Speak(text, SpeakFlags::queue);
+}
+
+void Form1::stopspeech() {
+    gs.Voice->Speak("", SpeakFlags::purge);
+}
+
+bool Form1::speaking() const {
+    return gs.Voice->Status() == RunningState::speaking;
+}
+
+void Form1::w4s() {
+    dy(0.3);  // speech just queued needs time to start
+    do {
+        pumpEvents(gs.Voice->SecondsLeft());
+    } while (gs.g.empty() && speaking());
+    stopspeech();
+}
+
+void Form1::dy(double seconds) {
+    using std::chrono::microseconds;
+    const microseconds end =
+        platform.clock.Steady() + microseconds(std::llround(seconds * 1'000'000));
+    microseconds now = platform.clock.Steady();
+    do {
+        pumpEvents(std::chrono::duration<double>(end - now).count());
+        now = platform.clock.Steady();
+    } while (now <= end);
+}
+
+void Form1::setupvoice() {
+    gs.Voice = platform.speech.CreateEngine();
+    gs.Voice->SetVoice(gs.nv);
+    gs.Voice->SetRate(gs.vr);
+    gs.Voice->SetVolume(gs.vv);
+}
+
+}  // namespace tamlo
