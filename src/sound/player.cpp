@@ -1,0 +1,143 @@
+// The ways of playing an effect: to its end, until a key, without waiting, in a loop; and the
+// preloaded buffers of the vehicle and the background.
+#include <array>
+
+#include "game/form1.h"
+#include "platform/sound.h"
+
+namespace tamlo {
+namespace {
+
+struct VehicleSounds {
+    std::string_view start, go, idle;
+};
+
+constexpr std::array<VehicleSounds, 3> vehicle_sounds = {{
+    {"tamlo2", "tamlo4", "tamlo3"},     // scooter
+    {"tamlo26", "tamlo28", "tamlo27"},  // dune buggy
+    {"tamlo30", "tamlo32", "tamlo31"},  // van
+}};
+
+constexpr int backgrounds = 4;
+constexpr int fade_steps = 15;
+constexpr int fade_step = 85;  // hundredths of a decibel
+
+/// The background, one step of a fade after the other.
+void Fade(Form1& form, int step) {
+    for (int i = 0; i < fade_steps; ++i) {
+        form.gs.ajv += step;
+        form.gs.wbbg->SetVolume(form.gs.ajv);
+        form.dy(0.2);
+    }
+}
+
+}  // namespace
+
+void Form1::prepare(std::unique_ptr<SoundBuffer>& buffer, std::string_view name) {
+    buffer = gs.ds8->CreateBufferFromFile(name, gs.bufdesc);
+    buffer->SetCurrentPosition(0);
+    buffer->SetVolume(gs.wavol);
+    buffer->SetFrequency(buffer->GetFrequency() + 1);
+}
+
+void Form1::waitfor(const SoundBuffer& buffer) {
+    do {
+        pumpEvents(buffer.SecondsLeft());
+    } while (buffer.GetStatus() == status_playing);
+}
+
+void Form1::play(std::string_view name) {
+    clk();
+    prepare(gs.wb1, name);
+    gs.wb1->Play(PlayMode::once);
+    waitfor(*gs.wb1);
+    gs.wb1.reset();
+}
+
+void Form1::play2(std::string_view name) {
+    clk();
+    prepare(gs.wb2, name);
+    gs.wb2->Play(PlayMode::once);
+    do {
+        pumpEvents(gs.wb2->SecondsLeft());
+    } while (gs.g.empty() && gs.wb2->GetStatus() == status_playing);
+    gs.wb2->Stop();
+    gs.wb2.reset();
+}
+
+void Form1::play3(std::string_view name) {
+    clk();
+    prepare(gs.wb2, name);
+    gs.wb2->Play(PlayMode::once);
+}
+
+void Form1::playloop(std::string_view name) {
+    prepare(gs.wbloop, name);
+    gs.wbloop->Play(PlayMode::looping);
+}
+
+void Form1::stoploop() {
+    if (!gs.wbloop) return;
+    gs.wbloop->Stop();
+    gs.wbloop.reset();
+}
+
+void Form1::starttitle() {
+    gs.dx8 = &platform.sound;
+    gs.ds8 = gs.dx8->CreateDevice();
+    gs.ds8->SetCooperativeLevel(2);
+    gs.bufdesc.flags = BufferDescription::control_frequency | BufferDescription::control_pan |
+                       BufferDescription::control_volume;
+    // Always at full volume and at 8000 samples a second, whatever the settings.
+    gs.wb1 = gs.ds8->CreateBufferFromFile("tamlo1", gs.bufdesc);
+    gs.wb1->SetCurrentPosition(0);
+    gs.wb1->SetVolume(0);
+    gs.wb1->SetFrequency(8000);
+    gs.wb1->Play(PlayMode::once);
+}
+
+void Form1::endtitle() {
+    do {
+        pumpEvents(gs.wb1->SecondsLeft());
+    } while (gs.g.empty() && gs.wb1->GetStatus() == status_playing);
+    gs.wb1->Stop();
+    gs.wb1.reset();
+}
+
+void Form1::pbg() {
+    seed();
+    prepare(gs.wbbg, "tamlob" + std::to_string(draw(backgrounds)));
+    gs.wbbg->Play(PlayMode::looping);
+}
+
+void Form1::bgdown() {
+    gs.ajv = gs.wavol;
+    Fade(*this, -fade_step);
+}
+
+void Form1::bgup() {
+    Fade(*this, fade_step);
+}
+
+void Form1::bgstop() {
+    gs.wbbg->Stop();
+}
+
+void Form1::ldwv() {
+    ldwv2();
+    prepare(gs.wbppk, "tamlo5");
+    prepare(gs.wbbg, "tamlob1");
+}
+
+void Form1::ldwv2() {
+    if (gs.plast < 1 || gs.plast > static_cast<int>(vehicle_sounds.size())) return;
+    const VehicleSounds& vehicle = vehicle_sounds[static_cast<std::size_t>(gs.plast) - 1];
+    prepare(gs.wbstart, vehicle.start);
+    prepare(gs.wbgo, vehicle.go);
+    prepare(gs.wbidle, vehicle.idle);
+}
+
+// Nothing is checked before the project's own sounds exist.
+void Form1::checkwave() {}
+
+}  // namespace tamlo
