@@ -1,0 +1,119 @@
+// Making up the orders of a trip: how many, how big, with what, where to, at what price.
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "game/form1.h"
+#include "orders/menu_card.h"
+#include "orders/number_text.h"
+
+namespace tamlo {
+namespace {
+
+constexpr int most_toppings = 6;
+constexpr int seconds_a_block = 40;  // what customers expect
+constexpr int blocks_a_stop = 4;     // what a stop at a door counts for
+
+struct Corner {
+    int street, road;
+};
+
+int DrawQuantity(Form1& form) {
+    if (form.gs.plast == 2) {
+        const int most = form.draw(3);
+        return std::min(form.draw(most), 2);
+    }
+    if (form.gs.plast == 3) return form.draw(9, 2);
+    return 1;
+}
+
+/// ", ham" · ", ham and onion" · ", ham, onion and steak": no topping twice. Returns how many.
+int AppendToppings(Form1& form, std::string& text) {
+    std::array<int, most_toppings> chosen{};
+    const int count = form.draw(most_toppings);
+    for (int p = 0; p < count; ++p) {
+        const auto end = chosen.begin() + p;
+        int topping = form.draw(form.gs.toppings.size());
+        while (std::find(chosen.begin(), end, topping) != end) {
+            topping = form.draw(form.gs.toppings.size());
+        }
+        *end = topping;
+        text += count > 1 && p == count - 1 ? " and " : ", ";
+        text += form.gs.toppings(topping);
+    }
+    return count;
+}
+
+/// A coordinate within an area of `width` around the middle of `count` streets or roads.
+int DrawCoordinate(Form1& form, int width, int middle, int count) {
+    const double drawn = form.draw(width) + middle - width / 2.0;
+    return std::clamp(static_cast<int>(std::floor(drawn)), 1, count);
+}
+
+Corner DrawCorner(Form1& form) {
+    while (true) {
+        const int street = DrawCoordinate(form, form.gs.mst, 51, most_streets);
+        const int road = DrawCoordinate(form, form.gs.mew, 22, most_roads);
+        const bool restaurant = road == 23 && (street == 51 || street == 52);
+        if (!restaurant) return {street, road};
+    }
+}
+
+/// Expected time at the door of order k, cumulative along the orders.
+int ExpectedTime(const GameState& gs, int k, Corner corner) {
+    if (k == 1)
+        return seconds_a_block * (std::abs(corner.street - 51) + std::abs(corner.road - 22));
+    const int blocks = std::abs(corner.street - gs.ordx(k - 1)) +
+                       std::abs(corner.road - gs.ordy(k - 1)) + blocks_a_stop;
+    return seconds_a_block * blocks + gs.ordeta(k - 1);
+}
+
+void MakeOrder(Form1& form, int k) {
+    GameState& gs = form.gs;
+    const int quantity = DrawQuantity(form);
+    gs.npd += quantity;
+    gs.ordqty(k) = quantity;
+    const TamloSize& size = form.draw(4) == 3 ? large : extra_large;
+
+    // The door scene cuts the item's description out of this sentence: its beginning is fixed.
+    std::string text = " There is an order for " + std::to_string(quantity);
+    text += size.word;
+    const int toppings = AppendToppings(form, text);
+    text += quantity > 1 ? " tamlos" : " tamlo";
+    text += ".  To be delivered to the corner of ";
+
+    const Corner corner = DrawCorner(form);
+    gs.ordx(k) = corner.street;
+    gs.ordy(k) = corner.road;
+    gs.ordeta(k) = ExpectedTime(gs, k, corner);
+    text += gs.nsnames(corner.street) + " and " + gs.ewnames(corner.road) + ".";
+
+    double price = size.base + toppings * size.per_topping;
+    if (quantity > 1) price *= quantity;
+    gs.ordprice(k) = price;
+    form.fm5(price);
+    gs.ordtext(k) = text + "  cost" + gs.tp5 + ". ";
+    gs.ordopen(k) = 1;
+    ++gs.p2d;
+}
+
+}  // namespace
+
+void Form1::settoppings() {
+    std::copy(topping_names.begin(), topping_names.end(), gs.toppings.begin());
+}
+
+void Form1::fm5(double dollars) {
+    gs.tp5 = MoneyText(dollars);
+}
+
+void Form1::getord() {
+    play("tamlo19");
+    seed();
+    gs.ordopen.fill(0);
+    gs.ordqty.fill(0);
+    gs.nst = 0;
+    for (int k = 1; k <= gs.noos; ++k) MakeOrder(*this, k);
+}
+
+}  // namespace tamlo
