@@ -1,0 +1,204 @@
+// The career between days: quitting for the day, resuming, deleting the saved game; and the log.
+#include <array>
+
+#include "driving/vehicles.h"
+#include "game/form1.h"
+#include "game/play_time.h"
+#include "orders/number_text.h"
+#include "platform/clock.h"
+#include "platform/desktop.h"
+#include "platform/end_of_process.h"
+#include "platform/files.h"
+#include "speech/menus.h"
+#include "store/saved_game.h"
+
+namespace tamlo {
+namespace {
+
+constexpr double wage = 3.14;  // dollars an hour
+
+const std::string saved_game_name = "tamlo.sav";
+const std::string log_name = "tamlolog.txt";
+
+std::string TamlosDelivered(int npd) {
+    return " You have delivered " + CountPicture(npd) + " tamlo" + (npd == 1 ? "" : "s") +
+           " for the Tamlo Vorrel. ";
+}
+
+std::string TwoDigits(int number) {
+    return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+/// The day's summary, spoken and logged; pays the wage.
+void PayDay(Form1& form, double worked) {
+    GameState& gs = form.gs;
+    const double hours = Rounded(worked / 3600, 2);
+    std::string text = " Today you worked " + MoneyPicture(hours) + " hour" +
+                       (hours == 1 ? "" : "s") + " for the tamlo vorrel. ";
+    form.dy(0.2);
+    form.say(text);
+    form.dy(0.2);
+    if (hours * wage > 0.99) form.play("tamlo81");
+    form.play("tamlo85");
+    form.dy(0.2);
+    form.logline(text);
+    form.dy(0.2);
+
+    const double pay = Rounded(hours * wage, 2);
+    form.fm5(pay);
+    text = " You are paid, " + gs.tp5;
+    form.say(text);
+    form.logline(text);
+
+    form.dy(0.2);
+    gs.cash += pay;
+    form.fm5(Rounded(gs.cash, 2));
+    text = " You now have, " + gs.tp5;
+    form.say(text);
+    form.logline(text);
+
+    text = TamlosDelivered(gs.npd);
+    form.logline(text);
+    form.say(text);
+    form.dy(0.2);
+}
+
+/// Stores the career; what could not be understood before is never written over.
+bool Save(Form1& form) {
+    GameState& gs = form.gs;
+    if (gs.badsave == 1) {
+        if (!form.putaside(saved_game_name)) return false;
+        gs.badsave = 0;
+    }
+    const SavedGame game{gs.cash, gs.plast, gs.nhr, gs.nmt, gs.nsd, gs.npd};
+    return form.platform.files.Replace(form.path(saved_game_name), EncodeSavedGame(game));
+}
+
+void StartLog(Form1& form) {
+    const Date today = form.platform.clock.Today();
+    const std::string header = " Tamlo Delivery log file on " + TwoDigits(today.month) + "-" +
+                               TwoDigits(today.day) + "-" + std::to_string(today.year);
+    if (!form.platform.files.Replace(form.path(log_name), header + "\r\n\r\n")) {
+        form.gs.nowrite = 1;
+    }
+}
+
+/// A career that can't be understood is kept under another name, and the player told.
+void LoseCareer(Form1& form) {
+    form.logline("");
+    std::string text = " I 'm sorry, but the saved game can not be understood. ";
+    if (form.putaside(saved_game_name)) {
+        text += "It has been put aside, and a new game begins. ";
+    } else {
+        form.gs.badsave = 1;
+        text += "A new game begins. ";
+    }
+    form.logline(text);
+    form.say(text);
+}
+
+std::string WorkedSoFar(const GameState& gs) {
+    const auto plural = [](double number) { return number > 1 ? "s" : ""; };
+    std::string text = " You have been working at the tamlo vorrel for ";
+    if (gs.nhr > 0) text += Plain(gs.nhr) + " hour" + plural(gs.nhr);
+    text += " " + Plain(gs.nmt) + " minute" + plural(gs.nmt) + " and " + Plain(gs.nsd) + " second" +
+            plural(gs.nsd) + ". ";
+    if (gs.npd > 0) text += TamlosDelivered(gs.npd);
+    return text;
+}
+
+void TellCareer(Form1& form) {
+    GameState& gs = form.gs;
+    form.logline("");
+    const std::string worked = WorkedSoFar(gs);
+    form.logline(worked);
+    form.say(worked);
+    form.fm5(gs.cash);
+    const std::string money = "You have " + gs.tp5 + ".";
+    form.logline(money);
+    form.say(money);
+    const Vehicle* vehicle = VehicleOf(gs.plast);
+    const std::string driving =
+        "You are driving the tamlo vorrel " + std::string(vehicle ? vehicle->short_name : "") + ".";
+    form.say(driving);
+    form.logline(driving);
+}
+
+}  // namespace
+
+// A log that can't be written never stops the game.
+void Form1::logline(std::string_view line) {
+    if (!platform.files.Append(path(log_name), std::string(line) + "\r\n")) gs.nowrite = 1;
+}
+
+bool Form1::saga() {
+    const double cash = gs.cash;
+    const int hours = gs.nhr;
+    const int minutes = gs.nmt;
+    const double seconds = gs.nsd;
+    const double worked = gs.atod - start_of_day;
+    PayDay(*this, worked);
+    gs.nsd += worked;
+    CarryTime(gs.nhr, gs.nmt, gs.nsd);
+    stopppk();
+    if (Save(*this)) {
+        say(" game saved ");
+        return true;
+    }
+    // As before the quit, so that a later one pays and counts the day once.
+    gs.cash = cash;
+    gs.nhr = hours;
+    gs.nmt = minutes;
+    gs.nsd = seconds;
+    say(" I 'm sorry, but the game could not be saved. ");
+    ppk();
+    return false;
+}
+
+void Form1::gesaga() {
+    gs.npd = 0;
+    if (platform.files.FindFile(path(saved_game_name)).empty()) {
+        StartLog(*this);
+        return;
+    }
+    dy(0.3);
+    say2(" getting saved game. ");
+    const ReadResult file = platform.files.Read(path(saved_game_name));
+    const auto game = DecodeSavedGame(file.bytes);
+    dy(0.3);
+    if (!game) {
+        LoseCareer(*this);
+        return;
+    }
+    gs.cash = game->cash;
+    gs.plast = game->plast;
+    gs.nhr = game->nhr;
+    gs.nmt = game->nmt;
+    gs.nsd = game->nsd;
+    gs.npd = game->npd;
+    TellCareer(*this);
+}
+
+void Form1::desag() {
+    if (platform.files.FindFile(path(saved_game_name)).empty()) {
+        dy(0.3);
+        say(" There is no saved game to delete ");
+        dy(0.3);
+        return;
+    }
+    const int answer =
+        askYesNo({.question = " Are you sure that you wish to delete the saved game? ",
+                  .spoken_in_full = true,
+                  .pause_before_answer = true});
+    if (answer != 1) return;
+    say(" deleting saved game ");
+    if (!platform.files.Delete(path(saved_game_name))) {
+        say(" I 'm sorry, but the saved game could not be deleted. ");
+        return;
+    }
+    say(" restarting game ");
+    platform.desktop.StartGame();
+    throw EndOfProcess{};
+}
+
+}  // namespace tamlo
