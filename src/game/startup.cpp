@@ -1,0 +1,105 @@
+// From the opening of the window to the main menu, and the end of the program.
+#include "game/contact.h"
+#include "game/form1.h"
+#include "platform/desktop.h"
+#include "platform/end_of_process.h"
+#include "platform/files.h"
+#include "platform/speech.h"
+
+namespace tamlo {
+namespace {
+
+const std::string launcher = "zentrope.exe";
+
+std::string Failure(std::string_view what) {
+    return std::string(what) + "\rPlease contact " + std::string(contact_name);
+}
+
+/// Counts the voices; without one there is nothing to play with.
+void CountVoices(Form1& form) {
+    form.gs.Voice = form.platform.speech.CreateEngine();
+    form.gs.nov = form.gs.Voice->GetVoicesCount();
+    if (form.gs.nov > 0) return;
+    form.platform.desktop.MessageBox(Failure("Sorry but I couldn't find any voices to use"));
+    form.runEnd();
+}
+
+void CheckSounds(Form1& form) {
+    form.gs.wcv = 0;
+    form.checkwave();
+    if (form.gs.wcv != 1) return;
+    form.gs.wb1->Stop();
+    form.gs.wb1.reset();
+    form.platform.desktop.MessageBox(
+        Failure("Sorry but one or more of the wave files seem to be corrupt"));
+    form.runEnd();
+}
+
+void SetDefaults(GameState& gs) {
+    gs.plast = 1;
+    gs.nv = 0;
+    gs.vr = 0;
+    gs.vv = 100;
+    gs.wavol = 0;
+    gs.cartog = 1;
+    gs.firsttrip = 1;
+    gs.saidhome = 1;
+    gs.cash = 0;
+    gs.gnd = 1;
+}
+
+/// Told once: a player would otherwise learn of it only by losing a day.
+void TellUnwritable(Form1& form) {
+    if (form.gs.nowrite != 1) return;
+    form.say(" I 'm sorry, but the files of the game can not be written to " + form.gs.datapath +
+             ". Your settings and your game will not be saved. ");
+}
+
+}  // namespace
+
+void Form1::startup() {
+    platform.events.ShowWindow(" Tamlo Delivery ");
+    starttitle();  // goes on while the rest is brought up
+    CountVoices(*this);
+    getdatapath();
+    CheckSounds(*this);
+    SetDefaults(gs);
+    readCFG();
+    setupvoice();
+    setstreets();
+    gs.lastcust.fill(0);
+    gs.evhist.fill(0);
+    say(" ");  // wakes the speech engine
+    endtitle();
+    dy(0.3);
+    say(" Tamlo Delivery. version 3. ");
+    gs.oc1 = 1;
+    gesaga();
+    TellUnwritable(*this);
+    ldwv();
+    setmaxa();
+    dy(0.3);
+    clk();  // a key that cut the title short is not one for the menu
+}
+
+void Form1::runEnd() {
+    const std::string program =
+        platform.files.FindFile(platform.files.CurrentDirectory() + "/" + launcher);
+    if (!program.empty()) {
+        gs.Voice.reset();
+        if (platform.desktop.StartLauncher(program)) throw EndOfProcess{};
+        setupvoice();
+    }
+    platform.desktop.Beep();
+    dy(0.1);
+    platform.desktop.Beep();
+    dy(0.1);
+    say("Sorry, but I could not find the Tolvane game menu program.");
+    dy(0.2);
+    say(" exiting program ");
+    dy(0.2);
+    gs.Voice.reset();
+    throw EndOfProcess{};
+}
+
+}  // namespace tamlo
