@@ -27,10 +27,10 @@ struct MenuKey {
 
 struct ListMenu {
     std::string_view prompt = " select ";
-    std::vector<std::string_view> items;  ///< numbered from 1; at least one
-    int first = 1;                        ///< current when the menu starts
-    bool pause = false;                   ///< 0.2 s pass before the prompt
-    bool clear = false;                   ///< the pending key is cleared before the prompt
+    std::vector<std::string_view> items = {};  ///< numbered from 1; at least one
+    int first = 1;                             ///< current when the menu starts
+    bool pause = false;                        ///< 0.2 s pass before the prompt
+    bool clear = false;                        ///< the pending key is cleared before the prompt
     /// Asked for every key but Enter, Up and Down, with the current item.
     std::function<MenuKey(int item)> extra = {};
 };
