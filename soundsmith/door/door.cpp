@@ -1,10 +1,25 @@
 // The recipes of this theme.
-#include "recipes.h"
+#include "door.h"
+
+#include <array>
 
 namespace tamlo::soundsmith {
 
 std::span<const RecipeEntry> DoorRecipes() {
-    return {};
+    static constexpr std::array<RecipeEntry, 11> kRecipes{{
+        {"tamlo6", ManWalksUp},
+        {"tamlo7", WomanWalksUp},
+        {"tamlo8", KnockOnWood},
+        {"tamlo9", DingDong},
+        {"tamlo10", Buzzer},
+        {"tamlo11", Chime},
+        {"tamlo12", IronKnocker},
+        {"tamlo13", ImpatientFist},
+        {"tamlo14", LockAndCreak},
+        {"tamlo15", ChainAndBolt},
+        {"tamlo16", DogBehindDoor},
+    }};
+    return kRecipes;
 }
 
 }  // namespace tamlo::soundsmith

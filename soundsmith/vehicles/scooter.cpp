@@ -36,7 +36,7 @@ Sound Kick(int rate, Chance& chance) {
     Sound wheeze = WhiteNoise(rate, 0.34, chance);
     wheeze = Resonate(wheeze, {{420, 3, 1.0}, {950, 4, 0.7}});
     Shape(wheeze, {{0.0, 0.0}, {0.1, 1.0}, {0.16, 0.2}, {0.24, 0.8}, {0.34, 0.0}});
-    MixAt(kick, wheeze, 0.03, 1.6);
+    MixAt(kick, wheeze, 0.03, 0.8);
     const Body stop{{{210, 0.08, 1.0}, {470, 0.05, 0.8}, {1350, 0.04, 0.6}},
                     {0.7, 0.02, 500, 6000}};
     MixAt(kick, Hit(stop, rate, 1.0, chance), 0.3, 0.5);

@@ -13,11 +13,11 @@ constexpr double kIdleBright = 1300;
 
 const EngineKind kVan{
     .cycle = EvenFirings({1.0, 0.72, 0.95, 0.9, 0.66, 1.0, 0.8, 0.7}),
-    .pulse = 0.0022,
+    .pulse = 0.0015,
     .uneven = 0.15,
-    .exhaust = {{68, 1.4, 1.1}, {125, 1.8, 1.0}, {245, 2.2, 0.8}, {410, 3, 0.4}, {760, 3, 0.2}},
-    .direct = 0.3,
-    .gas = 0.2,
+    .exhaust = {{68, 1.4, 1.1}, {125, 1.8, 1.0}, {245, 2.2, 1.1}, {410, 3, 0.8}, {760, 3, 0.55}},
+    .direct = 0.5,
+    .gas = 0.6,
     .gas_low_hz = 150,
     .gas_high_hz = 2200,
     .clatter = 0.12,

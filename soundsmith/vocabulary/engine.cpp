@@ -116,7 +116,7 @@ Sound Starter(int rate, double seconds, double hz, double lumps_per_second, Chan
             tone +=
                 std::sin(2.0 * std::numbers::pi * turns * k) / (k == 3 || k == 5 ? 1.5 : 1.0 * k);
         const double grind = chance.Noise() * std::abs(std::sin(std::numbers::pi * turns));
-        starter.samples[i] = (0.35 + 0.65 * drag) * (0.3 * tone + 0.5 * grind);
+        starter.samples[i] = (0.35 + 0.65 * drag) * (0.3 * tone + 0.25 * grind);
     }
     BandPass(starter, hz * 4.0, 0.5);
     FadeIn(starter, 0.02);

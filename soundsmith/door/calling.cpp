@@ -1,0 +1,138 @@
+// Six ways to call at a door: knocks and bells.
+#include <cmath>
+
+#include "door.h"
+#include "filters.h"
+#include "vocabulary/bodies.h"
+#include "vocabulary/room.h"
+#include "vocabulary/sources.h"
+
+namespace tamlo::soundsmith {
+
+namespace {
+
+// A panel door of wood, struck with knuckles.
+const Body kWood{
+    {{168, 0.12, 1.0}, {272, 0.1, 0.9}, {388, 0.08, 0.7}, {655, 0.05, 0.5}, {1180, 0.03, 0.35}},
+    {0.9, 0.008, 600, 5000},
+    0.02};
+
+// The same door under a fist: lower, longer, with a rattle in its frame.
+const Body kHeavyWood{
+    {{84, 0.2, 1.0}, {137, 0.17, 1.0}, {196, 0.13, 0.8}, {331, 0.08, 0.5}, {560, 0.05, 0.3}},
+    {0.8, 0.025, 200, 2500},
+    0.02};
+
+const Body kIron{
+    {{412, 0.35, 1.0}, {965, 0.3, 0.9}, {1710, 0.25, 0.8}, {2840, 0.2, 0.7}, {4370, 0.12, 0.4}},
+    {0.7, 0.008, 1500, 9000},
+    0.01};
+
+Sound FrameRattle(int rate, Chance& chance) {
+    Sound rattle = Silence(rate, 0.2);
+    const Body part{{{720, 0.03, 1.0}, {1650, 0.02, 0.8}}, {0.5, 0.006, 900, 5000}};
+    for (int i = 0; i < 4; ++i)
+        MixAt(rattle, Hit(part, rate, 0.6, chance), 0.03 + 0.028 * i * chance.About(0.2),
+              0.7 - 0.15 * i);
+    return rattle;
+}
+
+}  // namespace
+
+Sound KnockOnWood(Brief brief) {
+    Sound knocks = brief.Blank();
+    const double strengths[] = {0.9, 1.0, 0.95, 0.95, 1.0, 0.9};
+    for (int i = 0; i < 6; ++i) {
+        const double at = 0.05 + 0.2 * i + (i >= 3 ? 0.62 : 0.0);
+        MixAt(knocks, Hit(kWood, brief.rate, strengths[i], brief.chance),
+              at * brief.chance.About(0.008));
+    }
+    AddRoom(knocks, kHallway);
+    return knocks;
+}
+
+Sound DingDong(Brief brief) {
+    // Two tuned plates over their tubes, which lengthen the lowest tone.
+    Sound bell = brief.Blank();
+    const auto plate = [&](double hz, double fall) {
+        Body body = BarOf(hz, fall);
+        body.modes.push_back({hz * 2.003, fall * 0.5, 0.25});
+        body.click = {0.35, 0.012, 900, 5000};
+        return Hit(body, brief.rate, 1.0, brief.chance);
+    };
+    MixAt(bell, plate(659.3, 2.6), 0.04);
+    MixAt(bell, plate(523.3, 3.2), 0.78, 1.05);
+    AddRoom(bell, kHallway);
+    return bell;
+}
+
+Sound Buzzer(Brief brief) {
+    Sound buzzer = brief.Blank();
+    for (const auto& [start, length] : {std::pair{0.03, 0.5}, std::pair{0.78, 0.85}}) {
+        // An armature that a coil pulls a hundred times a second, and its tin box.
+        std::vector<Curve::Point> pitch;
+        for (double t = 0.0; t <= length; t += 0.02)
+            pitch.push_back(
+                {t, 100.0 * (1.0 - 0.12 * std::exp(-t / 0.03)) * brief.chance.About(0.006)});
+        Sound buzz = Tone(brief.rate, length, Curve(pitch), FallingHarmonics(60, -1.5));
+        buzz =
+            Resonate(buzz, {{480, 3, 1.0}, {1150, 4, 1.0}, {2450, 5, 0.9}, {4100, 5, 0.4}}, 0.05);
+        Sound rattle = NoiseBand(buzz, 2000, 7000, brief.chance);
+        for (std::size_t i = 0; i < rattle.samples.size(); ++i)
+            rattle.samples[i] *= std::abs(buzz.samples[i]);
+        MixAt(buzz, rattle, 0.0, 0.5);
+        Shape(buzz, {{0.0, 0.0}, {0.008, 1.0}, {length - 0.02, 0.9}, {length, 0.0}});
+        MixAt(buzzer, buzz, start);
+    }
+    AddRoom(buzzer, kHallway);
+    return buzzer;
+}
+
+Sound Chime(Brief brief) {
+    // Four long tubes, as in a hall clock: the last and lowest rings out.
+    Sound chime = brief.Blank();
+    const double notes[] = {659.3, 523.3, 587.3, 392.0};
+    for (int i = 0; i < 4; ++i) {
+        const double hz = notes[i];
+        const Body tube{{{hz, 2.4, 1.0},
+                         {hz * 0.5, 1.4, 0.2},
+                         {hz * 1.5, 1.2, 0.3},
+                         {hz * 2.0, 1.5, 0.55},
+                         {hz * 2.67, 0.7, 0.25},
+                         {hz * 4.17, 0.3, 0.15}},
+                        {0.2, 0.01, 1500, 6000},
+                        0.0005};
+        MixAt(chime, Hit(tube, brief.rate, 1.0, brief.chance), 0.04 + 0.46 * i,
+              i == 3 ? 1.15 : 1.0);
+    }
+    AddRoom(chime, kHallway);
+    return chime;
+}
+
+Sound IronKnocker(Brief brief) {
+    Sound knocker = brief.Blank();
+    double at = 0.04;
+    for (const double strength : {0.85, 0.95, 1.0}) {
+        MixAt(knocker, Hit(kIron, brief.rate, strength, brief.chance), at, 0.6);
+        MixAt(knocker, Hit(kHeavyWood, brief.rate, strength, brief.chance), at + 0.001);
+        MixAt(knocker, Hit(kIron, brief.rate, 0.3, brief.chance), at + 0.085, 0.35);  // it bounces
+        at += 0.38;
+    }
+    AddRoom(knocker, kHallway);
+    return knocker;
+}
+
+Sound ImpatientFist(Brief brief) {
+    Sound fist = brief.Blank();
+    double at = 0.04;
+    for (int i = 0; i < 6; ++i) {
+        const double strength = 0.85 + 0.03 * i;
+        MixAt(fist, Hit(kHeavyWood, brief.rate, strength, brief.chance), at);
+        MixAt(fist, FrameRattle(brief.rate, brief.chance), at + 0.01, 0.4);
+        at += 0.175 * brief.chance.About(0.06);
+    }
+    AddRoom(fist, kHallway);
+    return fist;
+}
+
+}  // namespace tamlo::soundsmith
