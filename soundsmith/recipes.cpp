@@ -18,9 +18,10 @@ struct Theme {
 };
 
 constexpr std::array kThemes{
-    Theme{DoorRecipes, digests::kDoor},   Theme{MoneyRecipes, digests::kMoney},
-    Theme{MusicRecipes, digests::kMusic}, Theme{PlaceRecipes, digests::kPlaces},
-    Theme{RoadRecipes, digests::kRoad},   Theme{VehicleRecipes, digests::kVehicles},
+    Theme{CustomerRecipes, digests::kCustomers}, Theme{DoorRecipes, digests::kDoor},
+    Theme{MoneyRecipes, digests::kMoney},        Theme{MusicRecipes, digests::kMusic},
+    Theme{PlaceRecipes, digests::kPlaces},       Theme{RoadRecipes, digests::kRoad},
+    Theme{VehicleRecipes, digests::kVehicles},
 };
 
 struct Found {

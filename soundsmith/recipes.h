@@ -37,6 +37,7 @@ struct RecipeEntry {
     Recipe make;
 };
 
+std::span<const RecipeEntry> CustomerRecipes();
 std::span<const RecipeEntry> DoorRecipes();
 std::span<const RecipeEntry> MoneyRecipes();
 std::span<const RecipeEntry> MusicRecipes();
