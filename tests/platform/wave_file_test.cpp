@@ -119,7 +119,8 @@ TEST(WaveFile, NeverReadsPastAnEndWhereverTheFileIsCut) {
         const std::vector<char> cut(whole.begin(), whole.begin() + static_cast<long>(length));
         const auto wave = ReadWave({cut.data(), cut.size()});
         ASSERT_EQ(wave.has_value(), length >= sound) << length;
-        if (wave) EXPECT_EQ(wave->samples.size(), (length - sound) / 2) << length;
+        if (!wave) continue;
+        EXPECT_EQ(wave->samples.size(), (length - sound) / 2) << length;
     }
 }
 
