@@ -1,0 +1,52 @@
+// Who is in charge of pulling, and how the card comes back.
+#include "platform/mixing/tap.h"
+
+#include <algorithm>
+
+namespace tamlo {
+namespace {
+
+// A server that hangs may ask for a block now and then: so many in a row make a card that works.
+constexpr int enough_steady_pulls = 8;
+constexpr std::chrono::milliseconds longest_steady_gap{100};
+
+}  // namespace
+
+Tap::Tap(Mixer& mixer) : mixer_(&mixer), card_pulled_(Now()) {}
+
+Tap::Nanoseconds Tap::Now() {
+    return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+void Tap::Pull(Output output, float* stereo, int frames) noexcept {
+    if (output == Output::card) NoteCardPull();
+    const std::unique_lock lock(pulling_, std::try_to_lock);
+    if (!lock || mixer_ == nullptr || in_charge_ != output) {
+        std::fill_n(stereo, 2 * frames, 0.0F);
+        return;
+    }
+    mixer_->Mix(stereo, frames);
+    frames_.fetch_add(frames, std::memory_order_relaxed);
+    quiet_.store(mixer_->FramesOfQuiet(), std::memory_order_relaxed);
+}
+
+void Tap::NoteCardPull() noexcept {
+    const Nanoseconds now = Now();
+    const Nanoseconds gap = now - card_pulled_.exchange(now);
+    if (in_charge_ == Output::card) return;
+    steady_pulls_ = gap < longest_steady_gap ? steady_pulls_ + 1 : 0;
+    if (steady_pulls_ < enough_steady_pulls) return;
+    steady_pulls_ = 0;
+    in_charge_ = Output::card;
+}
+
+void Tap::Close() {
+    const std::lock_guard lock(pulling_);
+    mixer_ = nullptr;
+}
+
+std::chrono::milliseconds Tap::CardSilence() const {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(Now() - card_pulled_.load());
+}
+
+}  // namespace tamlo

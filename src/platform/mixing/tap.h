@@ -1,0 +1,51 @@
+// Where outputs take the stream from: the sound card, or a clock that stands in for it.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <mutex>
+
+#include "platform/mixing/mixer.h"
+
+namespace tamlo {
+
+enum class Output { card, clock };
+
+/// Lets one output at a time pull the mixer. The card is in charge at first. Whoever is not gets
+/// silence, so that a card that wakes up again cannot pull the stream twice as fast.
+class Tap {
+  public:
+    explicit Tap(Mixer& mixer);
+
+    /// Fills the block. Real-time safe, as Mixer::Mix is.
+    void Pull(Output output, float* stereo, int frames) noexcept;
+    /// Everyone gets silence from now on; the mixer is no longer used once this has returned.
+    void Close();
+
+    /// For when the card is known to be gone. It takes over again by itself as soon as it pulls
+    /// steadily.
+    void PutClockInCharge() { in_charge_ = Output::clock; }
+    Output InCharge() const { return in_charge_; }
+    /// Time since the card last pulled, in charge or not; since the start if it never has.
+    std::chrono::milliseconds CardSilence() const;
+    /// Frames taken from the mixer so far.
+    std::int64_t Frames() const { return frames_; }
+    /// See Mixer::FramesOfQuiet.
+    std::int64_t FramesOfQuiet() const { return quiet_; }
+
+  private:
+    using Nanoseconds = std::chrono::nanoseconds;
+
+    static Nanoseconds Now();
+    void NoteCardPull() noexcept;
+
+    Mixer* mixer_;
+    std::mutex pulling_;  ///< the audio threads only try it
+    std::atomic<Output> in_charge_{Output::card};
+    std::atomic<Nanoseconds> card_pulled_;
+    int steady_pulls_ = 0;  ///< by the card while the clock is in charge
+    std::atomic<std::int64_t> frames_{0};
+    std::atomic<std::int64_t> quiet_{0};
+};
+
+}  // namespace tamlo

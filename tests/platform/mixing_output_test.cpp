@@ -1,0 +1,109 @@
+// Who pulls the stream: the card, the clock in its place, and the way back. In real time, with
+// bounds that a busy machine keeps.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <thread>
+#include <vector>
+
+#include "platform/mixing/clock_output.h"
+#include "platform/mixing/tap.h"
+
+namespace tamlo {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+class Constant final : public Source {
+  public:
+    void AddTo(float* stereo, int frames) noexcept override {
+        for (int i = 0; i < 2 * frames; ++i) stereo[i] += 0.25F;
+    }
+};
+
+class OutputTest : public testing::Test {
+  protected:
+    void SetUp() override { mixer_.Attach(source_); }
+
+    // The first sample that this output gets from its next block.
+    float PullAs(Output output) {
+        std::vector<float> block(512, 9.0F);
+        tap_->Pull(output, block.data(), 256);
+        for (const float value : block) EXPECT_EQ(value, block[0]);
+        return block[0];
+    }
+    static bool Eventually(const std::function<bool()>& happens) {
+        const auto deadline = Clock::now() + 20s;
+        while (Clock::now() < deadline) {
+            if (happens()) return true;
+            std::this_thread::sleep_for(1ms);
+        }
+        return false;
+    }
+
+    Mixer mixer_;
+    Constant source_;
+    std::shared_ptr<Tap> tap_ = std::make_shared<Tap>(mixer_);
+};
+
+TEST_F(OutputTest, OneOutputAtATimeGetsTheStream) {
+    EXPECT_EQ(PullAs(Output::card), 0.25F);
+    EXPECT_EQ(PullAs(Output::clock), 0.0F);
+    EXPECT_EQ(tap_->Frames(), 256);
+    tap_->PutClockInCharge();
+    EXPECT_EQ(PullAs(Output::clock), 0.25F);
+    EXPECT_EQ(PullAs(Output::card), 0.0F);
+    EXPECT_EQ(tap_->Frames(), 512);
+    EXPECT_TRUE(Eventually([&] { return PullAs(Output::card) == 0.25F; }))
+        << "a card that pulls steadily is in charge again";
+    tap_->Close();
+    EXPECT_EQ(PullAs(Output::card), 0.0F);
+}
+
+TEST_F(OutputTest, ACardThatPullsNowAndThenIsNotBack) {
+    tap_->PutClockInCharge();
+    for (int i = 0; i < 20; ++i) {
+        PullAs(Output::card);
+        if (i % 5 == 4) std::this_thread::sleep_for(110ms);
+    }
+    EXPECT_EQ(tap_->InCharge(), Output::clock);
+}
+
+TEST_F(OutputTest, TheClockTakesOverFromASilentCardInRealTime) {
+    const ClockOutput clock(tap_);
+    ASSERT_TRUE(Eventually([&] { return tap_->InCharge() == Output::clock; }));
+    EXPECT_GE(tap_->CardSilence(), 500ms);
+    ASSERT_TRUE(Eventually([&] { return tap_->Frames() > 0; }));
+
+    const auto began = Clock::now();
+    const std::int64_t from = tap_->Frames();
+    std::this_thread::sleep_for(500ms);
+    const double seconds = std::chrono::duration<double>(Clock::now() - began).count();
+    const auto taken = static_cast<double>(tap_->Frames() - from);
+    // Never faster than real time but by a block; slower only if this process does not run.
+    EXPECT_LE(taken, (seconds + 0.25) * stream_rate);
+    EXPECT_GE(taken, (seconds - 0.25) * stream_rate);
+}
+
+TEST_F(OutputTest, TheClockKeepsTimeWithoutAddingUpErrors) {
+    tap_->PutClockInCharge();
+    const auto began = Clock::now();
+    const ClockOutput clock(tap_);
+    ASSERT_TRUE(Eventually([&] { return tap_->Frames() >= stream_rate; }));
+    EXPECT_GE(Clock::now() - began, 980ms);
+    EXPECT_LE(Clock::now() - began, 5s);
+}
+
+TEST_F(OutputTest, TheClockEndsAtOnceWhereverItIs) {
+    for (const bool in_charge : {false, true}) {
+        if (in_charge) tap_->PutClockInCharge();
+        const auto began = Clock::now();
+        { const ClockOutput clock(tap_); }
+        EXPECT_LT(Clock::now() - began, 5s);
+    }
+}
+
+}  // namespace
+}  // namespace tamlo
