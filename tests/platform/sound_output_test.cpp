@@ -1,0 +1,49 @@
+// All that is heard, without a sound card of its own: on a machine that has none, and on the audio
+// library's dummy.
+#include "platform/desktop/sound_output.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
+#include "platform/mixing_signals.h"
+
+namespace tamlo {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+class SoundOutputTest : public testing::TestWithParam<const char*> {
+  protected:
+    void SetUp() override { setenv("SDL_AUDIODRIVER", GetParam(), 1); }
+    void TearDown() override { unsetenv("SDL_AUDIODRIVER"); }
+};
+
+TEST_P(SoundOutputTest, PlaysASoundToItsEnd) {
+    const WaveFolder folder;
+    folder.Write("quarter", WaveBytes(8000, 1, Tone(500, 8000, 2000)));
+    SoundOutput output(folder.Path());
+    testing::internal::CaptureStderr();
+    const auto device = output.Sound().CreateDevice();
+    const auto sound = device->CreateBufferFromFile("quarter", {});
+    const auto began = Clock::now();
+    sound->Play(PlayMode::once);
+    output.Beep();
+    while (sound->GetStatus() == status_playing && Clock::now() - began < 20s) {
+        std::this_thread::sleep_for(1ms);
+    }
+    EXPECT_EQ(sound->GetStatus(), 0);
+    EXPECT_GT(Clock::now() - began, 200ms);
+    const bool card = std::string(GetParam()) == "dummy";
+    EXPECT_EQ(output.Card().driver, card ? "dummy" : "");
+    EXPECT_EQ(output.Card().openings, card ? 1 : 0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Drivers, SoundOutputTest, testing::Values("dummy", "no such driver"));
+
+}  // namespace
+}  // namespace tamlo
