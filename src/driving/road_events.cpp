@@ -1,7 +1,9 @@
 // What the road does to the driver at a corner: crossings, traps, hospitals, the truck, patrols.
+#include <algorithm>
 #include <cmath>
 
 #include "driving/hazards.h"
+#include "driving/road_scenes.h"
 #include "game/form1.h"
 #include "orders/number_text.h"
 #include "platform/clock.h"
@@ -70,6 +72,18 @@ bool PatrolStops(Form1& form) {
     return true;
 }
 
+/// Draws a scene that is none of the last four, and remembers it.
+int DrawScene(Form1& form) {
+    auto& history = form.gs.evhist;
+    int scene = 0;
+    do {
+        scene = form.draw(static_cast<int>(road_scenes.size()));
+    } while (std::find(history.begin(), history.end(), scene) != history.end());
+    std::move(history.begin() + 1, history.end(), history.begin());
+    history(history.size()) = scene;
+    return scene;
+}
+
 }  // namespace
 
 void Form1::seed() {
@@ -93,7 +107,7 @@ void Form1::checkspec() {
     }
     if (PatrolStops(*this)) return;
     if (draw(scene_odds) != scene_draw) return;
-    playscene();
+    playscene(DrawScene(*this));
     addtime(draw(30, 30));
 }
 

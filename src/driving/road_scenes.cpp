@@ -2,8 +2,6 @@
 // movement, so every delay is waited in full.
 #include "driving/road_scenes.h"
 
-#include <algorithm>
-
 #include "game/form1.h"
 #include "platform/sound.h"
 
@@ -86,22 +84,10 @@ void FiveInLine(Form1& form, const RoadScene& scene) {
     for (auto* copy : copies) copy->reset();
 }
 
-/// Draws a scene that is none of the last four, and remembers it.
-int DrawScene(Form1& form) {
-    auto& history = form.gs.evhist;
-    int scene = 0;
-    do {
-        scene = form.draw(static_cast<int>(road_scenes.size()));
-    } while (std::find(history.begin(), history.end(), scene) != history.end());
-    std::move(history.begin() + 1, history.end(), history.begin());
-    history(history.size()) = scene;
-    return scene;
-}
-
 }  // namespace
 
-void Form1::playscene() {
-    const RoadScene& scene = road_scenes[static_cast<std::size_t>(DrawScene(*this)) - 1];
+void Form1::playscene(int number) {
+    const RoadScene& scene = road_scenes.at(static_cast<std::size_t>(number) - 1);
     switch (scene.movement) {
         case Movement::ambulance:
             w4s();

@@ -69,6 +69,8 @@ class Form1 final : private KeyListener {
     void saykey();
     /// One event-processing turn; may sleep up to `rest` seconds if nothing happens.
     void pumpEvents(double rest = 0);
+    /// Counts the voices into `nov`; without one, a message and the end.
+    void countvoices();
     /// A fresh speech engine with the voice, rate and volume of the settings.
     void setupvoice();
     /// Runs a list menu; the item chosen, from 1, or what an extra key left it with.
@@ -98,6 +100,8 @@ class Form1 final : private KeyListener {
     void stoploop();
     /// Waits while a once-played buffer sounds.
     void waitfor(const SoundBuffer& buffer);
+    /// Opens the sound device.
+    void opensound();
     /// Starts the title sound; waits for its end or a key.
     void starttitle();
     void endtitle();
@@ -153,8 +157,8 @@ class Form1 final : private KeyListener {
     void checkspec();
     void playambu();
     void playtruck();
-    /// One of the seventeen random scenes.
-    void playscene();
+    /// Plays one of the seventeen random scenes, 1 to 17.
+    void playscene(int number);
     /// Game seconds, added to the clock and to the trip time.
     void addtime(double seconds);
     void startcar();

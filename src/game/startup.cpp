@@ -15,15 +15,6 @@ std::string Failure(std::string_view what) {
     return std::string(what) + "\rPlease contact " + std::string(contact_name);
 }
 
-/// Counts the voices; without one there is nothing to play with.
-void CountVoices(Form1& form) {
-    form.gs.Voice = form.platform.speech.CreateEngine();
-    form.gs.nov = form.gs.Voice->GetVoicesCount();
-    if (form.gs.nov > 0) return;
-    form.platform.desktop.MessageBox(Failure("Sorry but I couldn't find any voices to use"));
-    form.runEnd();
-}
-
 void CheckSounds(Form1& form) {
     form.gs.wcv = 0;
     form.checkwave();
@@ -59,8 +50,9 @@ void TellUnwritable(Form1& form) {
 
 void Form1::startup() {
     platform.events.ShowWindow(" Tamlo Delivery ");
+    opensound();
     starttitle();  // goes on while the rest is brought up
-    CountVoices(*this);
+    countvoices();
     getdatapath();
     CheckSounds(*this);
     SetDefaults(gs);
@@ -80,6 +72,14 @@ void Form1::startup() {
     setmaxa();
     dy(0.3);
     clk();  // a key that cut the title short is not one for the menu
+}
+
+void Form1::countvoices() {
+    gs.Voice = platform.speech.CreateEngine();
+    gs.nov = gs.Voice->GetVoicesCount();
+    if (gs.nov > 0) return;
+    platform.desktop.MessageBox(Failure("Sorry but I couldn't find any voices to use"));
+    runEnd();
 }
 
 void Form1::runEnd() {

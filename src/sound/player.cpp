@@ -82,12 +82,15 @@ void Form1::stoploop() {
     gs.wbloop.reset();
 }
 
-void Form1::starttitle() {
+void Form1::opensound() {
     gs.dx8 = &platform.sound;
     gs.ds8 = gs.dx8->CreateDevice();
     gs.ds8->SetCooperativeLevel(2);
     gs.bufdesc.flags = BufferDescription::control_frequency | BufferDescription::control_pan |
                        BufferDescription::control_volume;
+}
+
+void Form1::starttitle() {
     // Always at full volume and at 8000 samples a second, whatever the settings.
     gs.wb1 = gs.ds8->CreateBufferFromFile("tamlo1", gs.bufdesc);
     gs.wb1->SetCurrentPosition(0);
