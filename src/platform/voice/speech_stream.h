@@ -1,0 +1,79 @@
+// The speech in the audio stream: a queue of samples between the voice's thread, which makes
+// them, the game's thread, which may drop them, and the audio thread, which takes them.
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "platform/mixing/source.h"
+#include "platform/voice/wakeup.h"
+
+namespace tamlo {
+
+/// A ring of samples without a lock. Positions only ever grow: the maker writes at `written`, the
+/// audio thread takes from `taken`, and what lies before `dropped` is silenced but for a short
+/// faded tail, which is kept apart so that the next text's first samples are not delayed by it.
+class SpeechStream : public Source {
+  public:
+    /// The maker gets one second ahead: enough to bridge any delay of its own.
+    static constexpr int most_ahead = stream_rate;
+    /// More than that, so that there is room for a new text before the audio thread has passed
+    /// over the dropped one.
+    static constexpr int capacity = 4 * stream_rate;
+    /// How long what is dropped takes to fade away, so that it does not click.
+    static constexpr int tail_frames = stream_rate / 500;
+
+    SpeechStream();
+
+    // The maker's side.
+
+    /// Samples that may be put in now.
+    int Room() const noexcept;
+    /// Puts mono samples, -1 to 1, behind what was written; there must be room. They are heard
+    /// only after Commit.
+    void Put(std::span<const float> samples) noexcept;
+    void Commit() noexcept;
+    /// Forgets what was put and not committed.
+    void Retract() noexcept;
+    /// Has `woken` rung once, when at most `frames` are left.
+    void RingWhenDownTo(int frames) noexcept;
+
+    // The game's side, not at the same time as Commit.
+
+    /// Silences all that was committed.
+    void Drop() noexcept;
+    /// 0 to 1, reached in a few milliseconds.
+    void SetGain(float gain) noexcept { gain_target_.store(gain, std::memory_order_relaxed); }
+    /// Committed samples that have neither been taken nor dropped.
+    int Left() const noexcept;
+
+    // The audio thread's side.
+
+    void AddTo(float* stereo, int frames) noexcept override;
+
+    Wakeup woken;  ///< rung for the maker
+    Wakeup ended;  ///< rung when the last sample has been taken
+
+  private:
+    std::uint64_t KeepTail(std::uint64_t from, std::uint64_t to) noexcept;
+    void AddTail(float* stereo, int frames) noexcept;
+    void AddSamples(float* stereo, int frames, std::uint64_t from) noexcept;
+
+    std::vector<float> ring_;
+    std::uint64_t put_ = 0;  ///< the maker's own
+    std::atomic<std::uint64_t> written_{0};
+    std::atomic<std::uint64_t> dropped_{0};
+    std::atomic<std::uint64_t> taken_{0};
+    std::atomic<int> ring_at_{-1};  ///< samples left at which the maker wants to be woken, or -1
+    std::atomic<float> gain_target_{1.0f};
+    // The audio thread's own:
+    float gain_ = 1.0f;
+    bool idle_ = true;  ///< nothing was left, so that the gain may jump
+    std::array<float, tail_frames> tail_{};
+    int tail_left_ = 0;  ///< the samples still to be heard are the last of `tail_`
+};
+
+}  // namespace tamlo

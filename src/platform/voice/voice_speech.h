@@ -1,0 +1,45 @@
+// The voice of the game: texts become samples in a stream that the mixer pulls.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "platform/mixing/source.h"
+#include "platform/speech.h"
+#include "platform/voice/synthesizer.h"
+
+namespace tamlo {
+
+struct SpeechHooks {
+    /// Called every 10 ms while a text is waited for, on the game's thread: keeps the window
+    /// alive without taking keys, and may throw EndOfProcess, which drops all speech.
+    std::function<void()> patience;
+    /// Called with every text when the game gives it, on the game's thread.
+    std::function<void(std::string_view)> spoken;
+};
+
+/// All engine objects made by it share one synthesizer, one thread and one stream, and only one
+/// of them speaks at a time. All of it is for the game's thread, but for the stream.
+class VoiceSpeech : public Speech {
+  public:
+    explicit VoiceSpeech(SpeechHooks hooks = {},
+                         std::unique_ptr<Synthesizer> synthesizer = MakeEspeak());
+    ~VoiceSpeech() override;
+
+    std::unique_ptr<SpeechEngine> CreateEngine() override;
+
+    /// What is to be heard, for the mixer. It must be pulled, even if nobody hears it, or no text
+    /// ever ends; and no longer than this object lives.
+    Source& Stream();
+    /// Whether samples of texts given so far are still to be made: who pulls quicker than real
+    /// time waits for them meanwhile.
+    bool SamplesComing() const;
+
+  private:
+    struct Shared;
+    class Engine;
+    std::unique_ptr<Shared> shared_;
+};
+
+}  // namespace tamlo
