@@ -1,0 +1,190 @@
+// Cars and lorries that cross the player's way.
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "filters.h"
+#include "road.h"
+#include "vocabulary/bodies.h"
+#include "vocabulary/engine.h"
+#include "vocabulary/horns.h"
+#include "vocabulary/instruments.h"
+#include "vocabulary/pass_by.h"
+#include "vocabulary/room.h"
+#include "vocabulary/sources.h"
+
+namespace tamlo::soundsmith {
+
+namespace {
+
+// Rubber dragged over the road: a tone that tears, and its octave.
+Sound Screech(int rate, double seconds, double hz, Chance& chance) {
+    Sound screech = Silence(rate, seconds);
+    for (const double part : {1.0, 1.31, 1.87}) {
+        std::vector<Curve::Point> pitch;
+        for (double t = 0.0; t <= seconds; t += 0.012)
+            pitch.push_back({t, hz * part * (1.0 - 0.16 * t / seconds) * chance.About(0.035)});
+        MixAt(screech, Tone(rate, seconds, Curve(pitch), FallingHarmonics(5, -5)), 0.0, 1.0 / part);
+    }
+    MixAt(screech, NoiseBand(screech, 900, 5000, chance), 0.0, 1.0);
+    return screech;
+}
+
+}  // namespace
+
+Sound OldCar(Brief brief) {
+    // One cylinder in four has given up, another fires when it likes.
+    const EngineKind wreck{{{0.0, 1.0}, {0.25, 0.15}, {0.5, 0.8}, {0.77, 0.45}},
+                           0.0014,
+                           0.9,
+                           {{140, 2.5, 1.0}, {330, 3, 1.0}, {610, 4, 0.8}, {1250, 5, 0.4}},
+                           0.5,
+                           0.8,
+                           300,
+                           4000,
+                           0.9,
+                           2700,
+                           2.0,
+                           90};
+    Sound car =
+        RunEngine(wreck, brief.Blank(), {{0.0, 5.6}, {1.0, 6.4}, {2.0, 5.6}}, 1.0, brief.chance);
+    const Body tin{
+        {{530, 0.07, 1.0}, {1190, 0.06, 0.8}, {2240, 0.05, 0.6}}, {0.4, 0.01, 1000, 6000}, 0.08};
+    for (int i = 0; i < 16; ++i)  // mudguards and doors shake along
+        MixAt(car, Hit(tin, brief.rate, 0.8, brief.chance),
+              brief.seconds * (i + brief.chance.Next()) / 16, 0.1);
+    MixAt(car, BulbHonk(brief.rate, 262, 0.15, brief.chance), 0.62, 0.9);
+    MixAt(car, BulbHonk(brief.rate, 240, 0.42, brief.chance), 0.84, 0.95);
+    AddRoom(car, {14, 0.5, 2600, 0.12});
+    return car;
+}
+
+Sound NearMiss(Brief brief) {
+    Sound scene = brief.Blank();
+    Sound screech = Screech(brief.rate, 1.25, 1050, brief.chance);
+    Shape(screech, {{0.0, 0.0}, {0.03, 1.0}, {0.9, 0.85}, {1.25, 0.0}});
+    MixAt(scene, screech, 0.02, 0.4);
+    MixAt(scene, Horn(brief.rate, kAngryHorn, 0.28, brief.chance), 0.72, 0.9);
+    MixAt(scene, Horn(brief.rate, kAngryHorn, 1.25, brief.chance), 1.1);
+    AddRoom(scene, kStreet);
+    return scene;
+}
+
+Sound Truck(Brief brief) {
+    const EngineKind diesel{
+        EvenFirings({1.0, 0.8, 0.93, 0.85, 0.97, 0.78}),
+        0.002,
+        0.2,
+        {{62, 1.6, 1.0}, {118, 2, 1.0}, {236, 2.5, 0.8}, {520, 3, 0.6}, {1150, 3, 0.3}},
+        0.4,
+        0.8,
+        150,
+        3500,
+        0.5,
+        1850,
+        2.0,
+        50};
+    const Sound blank = Silence(brief.rate, brief.seconds);
+    Sound truck =
+        RunEngine(diesel, blank, {{0.0, 9.5}, {1.6, 11.5}, {2.4, 10}, {3.4, 9.4}, {6.0, 12.5}},
+                  {{0.0, 1.0}, {1.6, 1.0}, {1.9, 0.5}, {3.3, 0.5}, {3.7, 1.0}}, brief.chance);
+    MixAt(truck, NoiseBand(blank, 120, 2200, brief.chance), 0.0, 0.5);  // many tyres
+    MixAt(truck, Horn(brief.rate, kTruckHorn, 0.45, brief.chance), 1.0, 1.7);
+    MixAt(truck, Horn(brief.rate, kTruckHorn, 0.85, brief.chance), 1.6, 1.7);
+    Sound scene = Passing(truck, {2.95, 8.5, 6.5}, brief.seconds);
+    // The brakes let their air go as it passes.
+    MixAt(scene, NoiseBurst(brief.rate, 0.012, 0.55, 1600, 9000, brief.chance), 3.0, 0.55);
+    MixAt(scene, NoiseBurst(brief.rate, 0.008, 0.2, 2000, 9000, brief.chance), 3.62, 0.35);
+    AddRoom(scene, kStreet);
+    return scene;
+}
+
+Sound IceCreamVan(Brief brief) {
+    Sound chimes = brief.Blank();
+    // Sixteen beats of a tune that never comes to its end.
+    constexpr std::array kTune{"g5", "e5", "g5", "a5", "g5", "e5", "c5", "d5",
+                               "e5", "f5", "e5", "d5", "b4", "d5", "g4", "f5"};
+    constexpr std::array kBass{"c4", "c4", "f4", "c4", "g4", "c4", "g3", "g4"};
+    const double beat = brief.seconds / 16.0;
+    for (std::size_t i = 0; i < kTune.size(); ++i) {
+        const double at = (static_cast<double>(i) + 0.15) * beat;
+        MixAt(chimes, MusicBox(brief.rate, NoteHz(kTune[i]), 0.9, brief.chance), at);
+        if (i % 2 == 0)
+            MixAt(chimes, MusicBox(brief.rate, NoteHz(kBass[i / 2]), 0.8, brief.chance), at, 0.5);
+        if (i == 5 || i == 9)
+            MixAt(chimes, MusicBox(brief.rate, NoteHz("g5"), 0.5, brief.chance), at + 0.5 * beat,
+                  0.6);
+    }
+    // A tinny loudspeaker on the roof, and a tape that wavers.
+    Sound speaker = Resonate(chimes, {{900, 1.5, 0.6}, {2100, 2.0, 0.8}}, 0.6);
+    NormalisePeak(speaker);
+    Saturate(speaker, 1.6);
+    const EngineKind motor{EvenFirings({1.0, 0.9, 0.96, 0.86}),
+                           0.0016,
+                           0.25,
+                           {{95, 2, 1.0}, {210, 2, 0.8}, {480, 3, 0.4}},
+                           0.3,
+                           0.5,
+                           150,
+                           1800,
+                           0.15,
+                           2100,
+                           1.5,
+                           70};
+    MixAt(speaker, RunEngine(motor, brief.Blank(), 6.2, 0.7, brief.chance), 0.0, 0.22);
+    AddRoom(speaker, kStreet);
+    return speaker;
+}
+
+Sound Motorbike(Brief brief) {
+    // The two cylinders fire unevenly: potato, potato. Five copies run at once, so its revs and its
+    // level wander, in periods that never fall together with the 0.4 s between the copies.
+    const EngineKind twin{
+        {{0.0, 1.0}, {0.4375, 0.85}},
+        0.0016,
+        0.35,
+        {{78, 2, 1.0}, {152, 2.5, 1.0}, {310, 3, 0.8}, {640, 3, 0.5}, {1300, 4, 0.25}},
+        0.6,
+        0.8,
+        150,
+        3200,
+        0.35,
+        2500,
+        2.4,
+        60};
+    std::vector<Curve::Point> revs, level;
+    const double turn = 2.0 * std::numbers::pi / brief.seconds;
+    for (double t = 0.0; t <= brief.seconds + 0.001; t += 0.05) {
+        revs.push_back({t, 17.5 + 1.6 * std::sin(turn * t) + 0.8 * std::sin(turn * 5 * t + 1.0) +
+                               0.5 * std::sin(turn * 11 * t + 2.0)});
+        level.push_back(
+            {t, 0.8 + 0.15 * std::sin(turn * 2 * t + 0.7) + 0.08 * std::sin(turn * 7 * t)});
+    }
+    return RunEngine(twin, brief.Blank(), Curve(revs), Curve(level), brief.chance);
+}
+
+Sound SportsCar(Brief brief) {
+    // Twelve small cylinders far up their range, with wind and tyres.
+    const EngineKind screamer{
+        EvenFirings({1.0, 0.9, 0.96, 0.9, 1.0, 0.88}),
+        0.0005,
+        0.12,
+        {{240, 2, 0.8}, {520, 2.5, 1.0}, {1150, 3, 0.9}, {2200, 4, 0.6}, {3600, 4, 0.3}},
+        0.5,
+        0.8,
+        500,
+        6500,
+        0.1,
+        4200,
+        2.0,
+        120};
+    Sound car = RunEngine(screamer, brief.Blank(), {{0.0, 61}, {1.2, 67}, {2.4, 70}, {3.0, 61}},
+                          1.0, brief.chance);
+    Sound wind = NoiseBand(car, 700, 7000, brief.chance);
+    Sound tyres = NoiseBand(car, 180, 1100, brief.chance);
+    MixAt(car, wind, 0.0, 0.22);
+    MixAt(car, tyres, 0.0, 0.35);
+    return car;
+}
+
+}  // namespace tamlo::soundsmith
