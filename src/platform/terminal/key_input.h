@@ -1,0 +1,40 @@
+// Key bytes read from a descriptor as they come.
+#pragma once
+
+#include <optional>
+
+#include "platform/clock.h"
+#include "platform/terminal/signal_watch.h"
+#include "platform/terminal/terminal_keys.h"
+
+namespace tamlo {
+
+class KeyInput {
+  public:
+    /// Reads `descriptor`; `clock` and `signals` must outlive this object.
+    KeyInput(int descriptor, Gaps gaps, const Clock& clock, SignalWatch& signals);
+
+    /// Sleeps until a key waits to be taken, the input has ended, a signal has come or `seconds`
+    /// have passed. Bytes that have come are read even if `seconds` is 0.
+    void Await(double seconds);
+
+    /// To be called once in every event turn: the key for this turn, if any.
+    std::optional<int> Take() { return keys_.Take(); }
+    bool Waiting() const { return keys_.Waiting(); }
+    /// Whether everything has been read that will ever come; keys may still be waiting.
+    bool Ended() const { return ended_; }
+    /// Whether the other side is gone, even if its last bytes have not been read.
+    bool HungUp() const;
+
+  private:
+    bool SleepOnce(TerminalKeys::Time longest);
+    void Read();
+
+    int descriptor_;
+    const Clock& clock_;
+    SignalWatch& signals_;
+    TerminalKeys keys_;
+    bool ended_ = false;
+};
+
+}  // namespace tamlo
