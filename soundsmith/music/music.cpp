@@ -1,10 +1,13 @@
 // The recipes of this theme.
-#include "recipes.h"
+#include "music.h"
+
+#include <array>
 
 namespace tamlo::soundsmith {
 
 std::span<const RecipeEntry> MusicRecipes() {
-    return {};
+    static constexpr std::array<RecipeEntry, 1> kRecipes{{{"tamlo1", TitleTune}}};
+    return kRecipes;
 }
 
 }  // namespace tamlo::soundsmith

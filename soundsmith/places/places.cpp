@@ -1,10 +1,19 @@
 // The recipes of this theme.
-#include "recipes.h"
+#include "places.h"
+
+#include <array>
 
 namespace tamlo::soundsmith {
 
 std::span<const RecipeEntry> PlaceRecipes() {
-    return {};
+    static constexpr std::array<RecipeEntry, 5> kRecipes{{
+        {"tamlo5", Restaurant},
+        {"tamlob1", QuietSuburb},
+        {"tamlob2", Avenue},
+        {"tamlob3", WindyStreet},
+        {"tamlob4", Rain},
+    }};
+    return kRecipes;
 }
 
 }  // namespace tamlo::soundsmith

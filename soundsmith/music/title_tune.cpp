@@ -1,0 +1,133 @@
+// The title tune: a quick waltz as a small restaurant band would play it, accordion and clarinet
+// over bass, strummed chords and brushes. Its file runs at 8000 samples a second, so the
+// arrangement keeps to the middle of the keyboard.
+#include <array>
+#include <span>
+
+#include "filters.h"
+#include "music.h"
+#include "vocabulary/instruments.h"
+#include "vocabulary/room.h"
+
+namespace tamlo::soundsmith {
+
+namespace {
+
+constexpr double kBeat = 0.345;  // three to the bar
+constexpr int kIntroBars = 1;
+constexpr int kBars = 16;
+
+struct Note {
+    const char* name;
+    double beats;
+};
+
+// clang-format off
+constexpr Note kMelody[] = {  // a bar a line
+    {"b4", 1}, {"d5", 1}, {"g5", 1},
+    {"a5", 1.5}, {"g5", 0.5}, {"e5", 1},
+    {"e5", 1}, {"g5", 0.5}, {"f#5", 0.5}, {"e5", 1},
+    {"d5", 2}, {"d5", 0.5}, {"b4", 0.5},
+    {"c5", 1}, {"e5", 1}, {"a5", 1},
+    {"g5", 1.5}, {"f#5", 0.5}, {"c5", 1},
+    {"b4", 1}, {"c5", 0.5}, {"c#5", 0.5}, {"d5", 1},
+    {"d5", 0.5}, {"e5", 0.5}, {"f#5", 0.5}, {"g5", 0.5}, {"a5", 0.5}, {"f#5", 0.5},
+    {"b5", 1}, {"g5", 1}, {"d5", 1},
+    {"f5", 1.5}, {"e5", 0.5}, {"d5", 1},
+    {"e5", 1}, {"g5", 1}, {"c6", 1},
+    {"b5", 1.5}, {"g#5", 0.5}, {"e5", 1},
+    {"a5", 1}, {"c6", 0.5}, {"b5", 0.5}, {"a5", 1},
+    {"g5", 0.5}, {"f#5", 0.5}, {"e5", 0.5}, {"d5", 0.5}, {"c5", 0.5}, {"a4", 0.5},
+    {"b4", 1}, {"d5", 0.5}, {"g5", 0.5}, {"a5", 0.5}, {"f#5", 0.5},
+    {"g5", 1}, {"d5", 1}, {"g5", 2.5},
+};
+
+// The clarinet answers from the ninth bar on, mostly a third or a sixth below.
+constexpr Note kSecondVoice[] = {
+    {"g4", 1}, {"d5", 1}, {"b4", 1},
+    {"d5", 1.5}, {"c5", 0.5}, {"b4", 1},
+    {"c5", 1}, {"e5", 1}, {"g5", 1},
+    {"g#5", 1.5}, {"e5", 0.5}, {"d5", 1},
+    {"c5", 1}, {"a5", 0.5}, {"g5", 0.5}, {"e5", 1},
+    {"e5", 0.5}, {"d5", 0.5}, {"c5", 0.5}, {"a4", 0.5}, {"a4", 0.5}, {"f#4", 0.5},
+    {"g4", 1}, {"b4", 0.5}, {"b4", 0.5}, {"c5", 0.5}, {"c5", 0.5},
+    {"b4", 1}, {"a4", 1}, {"b4", 2.5},
+};
+// clang-format on
+
+struct Chord {
+    const char* bass;
+    const char* fifth;  // the bass takes turns
+    std::array<const char*, 3> notes;
+};
+
+constexpr Chord kG{"g2", "d2", {"b3", "d4", "g4"}};
+constexpr Chord kC{"c3", "g2", {"c4", "e4", "g4"}};
+constexpr Chord kAm{"a2", "e2", {"c4", "e4", "a4"}};
+constexpr Chord kD7{"d2", "a2", {"c4", "d4", "f#4"}};
+constexpr Chord kG7{"g2", "d2", {"b3", "d4", "f4"}};
+constexpr Chord kE7{"e2", "b2", {"b3", "d4", "g#4"}};
+
+constexpr std::array kHarmony{kG, kG,  kC, kG,  kAm, kD7, kG, kD7,
+                              kG, kG7, kC, kE7, kAm, kD7, kG, kG};
+static_assert(kHarmony.size() == kBars);
+
+using Instrument = Sound (*)(int rate, double hz, double seconds, Chance& chance);
+
+void PlayLine(Sound& tune, std::span<const Note> line, double start, Instrument instrument,
+              double level, Chance& chance) {
+    double at = start;
+    for (const Note& note : line) {
+        const double length = note.beats * kBeat;
+        // Players lean on the line: each note a little late or early, and shorter than written.
+        const double late = chance.Between(-0.006, 0.006);
+        MixAt(tune, instrument(tune.rate, NoteHz(note.name), 0.92 * length + 0.03, chance),
+              at + late, level * chance.About(0.06));
+        at += length;
+    }
+}
+
+void Strum(Sound& tune, const Chord& chord, double at, double level, Chance& chance) {
+    double delay = 0.0;
+    for (const char* note : chord.notes) {
+        MixAt(tune, PluckedString(tune.rate, NoteHz(note), 0.28, 0.55, chance), at + delay, level);
+        delay += 0.008;
+    }
+}
+
+void PlayBar(Sound& tune, const Chord& chord, int bar, Chance& chance) {
+    const double at = 3 * kBeat * bar;
+    const char* bass = bar % 2 == 0 ? chord.bass : chord.fifth;
+    MixAt(tune, PluckedString(tune.rate, NoteHz(bass), 0.8, 0.22, chance), at, 0.85);
+    for (const double beat : {1.0, 2.0}) {
+        Strum(tune, chord, at + beat * kBeat, 0.3, chance);
+        MixAt(tune, BrushOnSnare(tune.rate, chance), at + beat * kBeat, 0.22);
+    }
+}
+
+}  // namespace
+
+Sound TitleTune(Brief brief) {
+    Sound tune = brief.Blank();
+    Chance& chance = brief.chance;
+    const double start = 3 * kBeat * kIntroBars;
+    PlayBar(tune, kG, 0, chance);
+    for (int bar = 0; bar < kBars - 1; ++bar)
+        PlayBar(tune, kHarmony[static_cast<std::size_t>(bar)], bar + kIntroBars, chance);
+    PlayLine(tune, kMelody, start, Accordion, 0.42, chance);
+    PlayLine(tune, kSecondVoice, start + 8 * 3 * kBeat, Clarinet, 0.3, chance);
+    // The last bar: the whole band, three times, and the last chord rings.
+    const double end = start + (kBars - 1) * 3 * kBeat;
+    const std::array<const Chord*, 3> cadence{&kG, &kD7, &kG};
+    for (std::size_t i = 0; i < 3; ++i) {
+        const double at = end + static_cast<double>(i) * kBeat;
+        Strum(tune, *cadence[i], at, 0.45, chance);
+        MixAt(tune, PluckedString(tune.rate, NoteHz(cadence[i]->bass), 1.2, 0.25, chance), at, 0.9);
+        MixAt(tune, BrushOnSnare(tune.rate, chance), at, 0.35);
+    }
+    LowPass(tune, 3400);
+    AddRoom(tune, {8, 0.7, 3000, 0.16});
+    return tune;
+}
+
+}  // namespace tamlo::soundsmith
