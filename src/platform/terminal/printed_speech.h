@@ -6,16 +6,18 @@
 
 namespace tamlo {
 
-/// Prints every text as a line when it is given to the voice behind.
+/// Prints texts as lines when they are given to the voice behind.
 class PrintedSpeech : public Speech {
   public:
-    /// Both must outlive this object and its engines.
-    PrintedSpeech(Speech& voice, LinePrinter& printer) : voice_(voice), printer_(printer) {}
+    /// Prints a text only if `wanted` says so at that moment. Both references must outlive this
+    /// object, and this object its engines.
+    PrintedSpeech(Speech& voice, LinePrinter& printer, std::function<bool()> wanted);
     std::unique_ptr<SpeechEngine> CreateEngine() override;
 
   private:
     Speech& voice_;
     LinePrinter& printer_;
+    std::function<bool()> wanted_;
 };
 
 }  // namespace tamlo
