@@ -2,11 +2,13 @@
 #include <unistd.h>
 
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "report/report.h"
 #include "workshop.h"
 
 namespace {
@@ -16,7 +18,9 @@ using namespace tamlo::soundsmith;
 constexpr std::string_view kUsage =
     "usage: soundsmith [--from SET] FOLDER [EFFECT...]\n"
     "Makes the wave files of the game in FOLDER: those missing or changed, or the EFFECTs named.\n"
-    "  --from SET  copy from the folder SET what already stands there, made the same way\n";
+    "  --from SET  copy from the folder SET what already stands there, made the same way\n"
+    "       soundsmith --report FOLDER [SET]\n"
+    "Writes a page about the wave files in SET, or those of the game beside this program.\n";
 
 // On a terminal one line that is written over; elsewhere nothing, so that a log stays short.
 void ShowProgress(std::string_view name, int done, int of) {
@@ -34,7 +38,26 @@ int Report(const SetResult& result, std::string_view folder) {
     return result.failures.empty() ? 0 : 1;
 }
 
+// The game's folder stands beside that of the tools.
+std::filesystem::path SetBesideProgram() {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "game";
+}
+
+int RunReport(const std::vector<std::string>& arguments) {
+    if (arguments.size() < 2 || arguments.size() > 3) {
+        std::cerr << kUsage;
+        return 2;
+    }
+    const std::filesystem::path set =
+        arguments.size() == 3 ? std::filesystem::path(arguments[2]) : SetBesideProgram();
+    const int faulty = WriteReport(set, arguments[1]);
+    std::cout << "soundsmith: " << faulty << " sounds outside their limits, see " << arguments[1]
+              << "/report.html\n";
+    return 0;
+}
+
 int Run(std::vector<std::string> arguments) {
+    if (!arguments.empty() && arguments[0] == "--report") return RunReport(arguments);
     std::string other;
     if (arguments.size() >= 2 && arguments[0] == "--from") {
         other = arguments[1];

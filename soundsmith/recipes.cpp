@@ -13,26 +13,30 @@ namespace tamlo::soundsmith {
 namespace {
 
 struct Theme {
+    std::string_view name;
     std::span<const RecipeEntry> (*recipes)();
     std::string_view digest;
 };
 
 constexpr std::array kThemes{
-    Theme{CustomerRecipes, digests::kCustomers}, Theme{DoorRecipes, digests::kDoor},
-    Theme{MoneyRecipes, digests::kMoney},        Theme{MusicRecipes, digests::kMusic},
-    Theme{PlaceRecipes, digests::kPlaces},       Theme{RoadRecipes, digests::kRoad},
-    Theme{VehicleRecipes, digests::kVehicles},
+    Theme{"Customers", CustomerRecipes, digests::kCustomers},
+    Theme{"Door", DoorRecipes, digests::kDoor},
+    Theme{"Money", MoneyRecipes, digests::kMoney},
+    Theme{"Music", MusicRecipes, digests::kMusic},
+    Theme{"Places", PlaceRecipes, digests::kPlaces},
+    Theme{"Road", RoadRecipes, digests::kRoad},
+    Theme{"Vehicles", VehicleRecipes, digests::kVehicles},
 };
 
 struct Found {
     Recipe make = nullptr;
-    std::string_view digest;
+    const Theme* theme = nullptr;
 };
 
 Found Find(std::string_view name) {
     for (const Theme& theme : kThemes)
         for (const RecipeEntry& entry : theme.recipes())
-            if (entry.name == name) return {entry.make, theme.digest};
+            if (entry.name == name) return {entry.make, &theme};
     return {};
 }
 
@@ -48,11 +52,17 @@ Recipe RecipeFor(const Effect& effect) {
     return found.make;
 }
 
+std::string_view ThemeOf(const Effect& effect) {
+    const Theme* theme = Find(effect.name).theme;
+    return theme == nullptr ? "Others" : theme->name;
+}
+
 std::string StampOf(const Effect& effect) {
+    const Theme* theme = Find(effect.name).theme;
     std::ostringstream stamp;
     stamp << effect.rate << '/' << effect.bits << '/' << effect.loop << '/' << effect.lufs << '/'
           << effect.peak_db << '/' << effect.text.size << '/' << effect.text.fields << '/'
-          << effect.text.last << '/' << Find(effect.name).digest;
+          << effect.text.last << '/' << (theme == nullptr ? "" : theme->digest);
     return stamp.str();
 }
 

@@ -49,6 +49,9 @@ std::span<const RecipeEntry> VehicleRecipes();
 Recipe RecipeFor(const Effect& effect);
 bool HasRecipe(const Effect& effect);
 
+// The folder of the effect's recipe, as a heading for people.
+std::string_view ThemeOf(const Effect& effect);
+
 // Changes whenever the effect's file could come out differently: with its row, with the sources of
 // its theme, with the vocabulary that all share.
 std::string StampOf(const Effect& effect);

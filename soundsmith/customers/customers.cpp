@@ -9,10 +9,14 @@
 #include "customers/speak.h"
 #include "filters.h"
 #include "recipes.h"
+#include "vocabulary/room.h"
 
 namespace tamlo::soundsmith {
 
 namespace {
+
+// Half outdoors: little comes back, and soon.
+constexpr Room kDoorway{2.5, 0.25, 4000, 0.12};
 
 // The sound at another rate, played at `speed` (together they must not take samples further apart
 // than `sound` has them, or high tones would fold). A windowed sinc, so that an upsampled voice
@@ -78,7 +82,12 @@ Sound Greeting(Brief brief) {
     const Customer& customer = *FindCustomer(brief.effect.name);
     Sound sound = Resample(Trimmed(Speak(customer)), brief.rate, customer.size);
     HighPass(sound, 60.0);
-    if (brief.effect.name == kCast.back().effect) ThroughIntercom(sound);
+    if (brief.effect.name == kCast.back().effect) {
+        ThroughIntercom(sound);
+    } else {
+        SetLength(sound, sound.Seconds() + kDoorway.seconds * 0.5);
+        AddRoom(sound, kDoorway);
+    }
     return sound;
 }
 

@@ -1,0 +1,14 @@
+// Reads a wave file of the set back, so that what is measured is what will be heard.
+#pragma once
+
+#include <string_view>
+
+#include "sound.h"
+
+namespace tamlo::soundsmith {
+
+// The sound in the bytes of a RIFF/WAVE file of one channel, 8 or 16 bits; unknown chunks are
+// skipped. Throws std::runtime_error for anything else.
+Sound ReadWave(std::string_view bytes);
+
+}  // namespace tamlo::soundsmith
