@@ -1,0 +1,225 @@
+// The window on SDL2: one event queue, taken apart into keys and everything else.
+#include "platform/desktop/desktop_window.h"
+
+#include <SDL2/SDL.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "platform/desktop/display_faults.h"
+#include "platform/desktop/end_signals.h"
+#include "platform/desktop/keys.h"
+#include "platform/desktop/window_painter.h"
+#include "platform/end_of_process.h"
+
+namespace tamlo {
+
+namespace {
+
+constexpr const char* default_caption = " Tamlo Delivery ";
+constexpr double longest_sleep = 0.2;  // s; a signal can slip in just before a sleep begins
+constexpr Uint32 focus_echo = 5;       // ms
+
+/// Events that would only fill the queue while the game speaks and takes no turn.
+constexpr Uint32 unwanted_events[] = {
+    SDL_KEYUP,           SDL_TEXTEDITING, SDL_TEXTINPUT,  SDL_MOUSEMOTION, SDL_MOUSEBUTTONDOWN,
+    SDL_MOUSEBUTTONUP,   SDL_MOUSEWHEEL,  SDL_FINGERDOWN, SDL_FINGERUP,    SDL_FINGERMOTION,
+    SDL_CLIPBOARDUPDATE, SDL_DROPFILE,    SDL_DROPTEXT,   SDL_DROPBEGIN,   SDL_DROPCOMPLETE,
+};
+
+bool IsSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+/// The displays to try. Left to itself the library takes one without keys when there is no other,
+/// and complains on standard error on the way.
+std::string DisplaysToTry() {
+    std::string drivers = IsSet("DISPLAY") ? "x11" : "";
+    if (IsSet("WAYLAND_DISPLAY")) drivers += drivers.empty() ? "wayland" : ",wayland";
+    return drivers;
+}
+
+void SetHints(const std::string& displays) {
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");  // EndSignals does that, and better
+    SDL_SetHint(SDL_HINT_APP_NAME, "Tamlo Delivery");
+    SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    // A driver named in the environment stands, whichever it is: its user wants just that.
+    if (!IsSet("SDL_VIDEODRIVER")) {
+        SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, displays.c_str(), SDL_HINT_OVERRIDE);
+    }
+}
+
+KeyPress Describe(const SDL_KeyboardEvent& event) {
+    return {event.keysym.scancode, event.keysym.sym, (event.keysym.mod & KMOD_NUM) != 0,
+            (event.keysym.mod & KMOD_SHIFT) != 0};
+}
+
+/// 1 for Shift, 2 for Control, 4 for Alt, added up.
+int ModifiersOf(const SDL_KeyboardEvent& event) {
+    const int mod = event.keysym.mod;
+    return ((mod & KMOD_SHIFT) != 0 ? 1 : 0) + ((mod & KMOD_CTRL) != 0 ? 2 : 0) +
+           ((mod & KMOD_ALT) != 0 ? 4 : 0);
+}
+
+/// Lines end with a carriage return, a line feed or both in what the game shows.
+std::string WithLineFeeds(const std::string& text) {
+    std::string lines;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+        lines += text[i] == '\r' ? '\n' : text[i];
+    }
+    return lines;
+}
+
+}  // namespace
+
+struct DesktopWindow::Impl {
+    EndSignals signals;
+    SDL_Window* window = nullptr;
+    std::string shown_text;
+    bool closed = false;
+    bool lost = false;      ///< another program has destroyed the window
+    Uint32 focused_at = 0;  ///< time of the last focus, as of key events
+
+    ~Impl() {
+        if (lost) return;
+        if (window != nullptr) SDL_DestroyWindow(window);
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    }
+
+    void Paint() { PaintWindow(window, shown_text); }
+
+    /// Waits for any event at most `seconds`, and takes none.
+    void Sleep(double seconds) {
+        const double sleep = std::clamp(seconds, 0.0, longest_sleep);
+        SDL_WaitEventTimeout(nullptr, static_cast<int>(std::ceil(sleep * 1000)));
+    }
+
+    /// Takes in what the desktop has sent, and deals with all but the key presses.
+    void TakeIn() {
+        if (!closed && !lost) SDL_PumpEvents();
+        SDL_Event event;
+        while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_KEYDOWN - 1) > 0 ||
+               SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_KEYDOWN + 1, SDL_LASTEVENT) > 0) {
+            if (event.type == SDL_QUIT) closed = true;
+            if (event.type == SDL_WINDOWEVENT) DealWith(event.window);
+        }
+        if (closed || lost || signals.Arrived()) throw EndOfProcess{};
+    }
+
+    void DealWith(const SDL_WindowEvent& event) {
+        switch (event.event) {
+            case SDL_WINDOWEVENT_CLOSE: closed = true; break;
+            case SDL_WINDOWEVENT_FOCUS_GAINED: focused_at = event.timestamp; break;
+            case SDL_WINDOWEVENT_EXPOSED:
+            case SDL_WINDOWEVENT_SIZE_CHANGED: Paint(); break;
+            default: break;
+        }
+    }
+
+    /// The next queued key press that has a code; false when there is none.
+    bool NextKey(SDL_KeyboardEvent& key, int& code) {
+        SDL_Event event;
+        while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_KEYDOWN, SDL_KEYDOWN) > 0) {
+            key = event.key;
+            code = VirtualKeyCode(Describe(key));
+            // A window that takes the focus is told of the modifiers held just then (the Alt of
+            // Alt+Tab): nobody has pressed them for the game, and they must not cut its speech.
+            const bool echo = IsModifier(code) && key.timestamp - focused_at <= focus_echo;
+            if (code != 0 && !(echo && focused_at != 0)) return true;
+        }
+        return false;
+    }
+
+    /// Whether one of the queued keys closes a message box; takes them all up to that one. A key
+    /// still held down from before the box is no answer.
+    bool Answered() {
+        TakeIn();
+        SDL_KeyboardEvent key;
+        for (int code = 0; NextKey(key, code);) {
+            if (key.repeat == 0 && (code == 13 || code == 27 || code == 32)) return true;
+        }
+        return false;
+    }
+
+    bool DeliverKeys(KeyListener& listener) {
+        SDL_KeyboardEvent key;
+        int code = 0;
+        bool any = false;
+        for (; NextKey(key, code); any = true) listener.Form_KeyDown(code, ModifiersOf(key));
+        return any;
+    }
+};
+
+std::unique_ptr<DesktopWindow> DesktopWindow::Open(std::string& why_not) {
+    const std::string displays = DisplaysToTry();
+    if (displays.empty() && !IsSet("SDL_VIDEODRIVER")) {
+        why_not = "there is no display";
+        return nullptr;
+    }
+    SetHints(displays);
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        why_not = std::string("the display cannot be opened: ") + SDL_GetError();
+        return nullptr;
+    }
+    auto impl = std::make_unique<Impl>();
+    // Under X11 the window is painted without a graphics card, whose driver is slow to start.
+    if (std::strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0) {
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    }
+    for (const Uint32 type : unwanted_events) SDL_EventState(type, SDL_IGNORE);
+    // An input method would swallow letters, and keep the others back.
+    SDL_StopTextInput();
+    impl->window = SDL_CreateWindow(default_caption, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                                    800, 450, SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
+    if (impl->window == nullptr) {
+        why_not = std::string("no window can be opened: ") + SDL_GetError();
+        return nullptr;
+    }
+    WatchForDisplayFaults(impl->window, impl->lost);
+    return std::unique_ptr<DesktopWindow>(new DesktopWindow(std::move(impl)));
+}
+
+DesktopWindow::DesktopWindow(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
+
+DesktopWindow::~DesktopWindow() = default;
+
+void DesktopWindow::ShowWindow(const char* caption) {
+    SDL_SetWindowTitle(impl_->window, caption);
+    SDL_ShowWindow(impl_->window);
+    SDL_RaiseWindow(impl_->window);
+    // Some desktops show a window, and give it keys, only once something is painted in it.
+    impl_->Paint();
+    impl_->TakeIn();
+}
+
+void DesktopWindow::Turn(KeyListener& listener, double rest) {
+    impl_->TakeIn();
+    if (impl_->DeliverKeys(listener) || !(rest > 0)) return;
+    impl_->Sleep(rest);
+    impl_->TakeIn();
+    impl_->DeliverKeys(listener);
+}
+
+void DesktopWindow::Pump() {
+    impl_->TakeIn();
+}
+
+void DesktopWindow::MessageBox(const std::string& text) {
+    if ((SDL_GetWindowFlags(impl_->window) & SDL_WINDOW_SHOWN) == 0) ShowWindow(default_caption);
+    impl_->shown_text = WithLineFeeds(text);
+    impl_->Paint();
+    impl_->TakeIn();
+    SDL_FlushEvent(SDL_KEYDOWN);
+    std::fprintf(stderr, "%s\n", impl_->shown_text.c_str());
+    while (!impl_->Answered()) impl_->Sleep(until_event);
+    impl_->shown_text.clear();
+    impl_->Paint();
+}
+
+}  // namespace tamlo

@@ -1,0 +1,43 @@
+// The two handlers that the X library lets a program put in place of its own.
+#include "platform/desktop/display_faults.h"
+
+#include <SDL2/SDL.h>
+#include <SDL2/SDL_syswm.h>
+#include <X11/Xlib.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace tamlo {
+
+namespace {
+
+bool* lost_flag = nullptr;  // the handlers take no argument of ours
+Window own_window = 0;
+
+int RefusedRequest(Display*, XErrorEvent* error) {
+    // Other refusals (of a focus, of a property) belong to a desktop's daily life.
+    if (error->error_code == BadWindow && error->resourceid == own_window) *lost_flag = true;
+    return 0;
+}
+
+// The library does not take control back after this one: there is no way to unwind from here, and
+// exit() would run destructors under the feet of the sound card's thread.
+int LostConnection(Display*) {
+    std::fputs("The display has gone.\n", stderr);
+    std::_Exit(0);
+}
+
+}  // namespace
+
+void WatchForDisplayFaults(SDL_Window* window, bool& lost) {
+    SDL_SysWMinfo info;
+    SDL_VERSION(&info.version);
+    if (SDL_GetWindowWMInfo(window, &info) == SDL_FALSE || info.subsystem != SDL_SYSWM_X11) return;
+    lost_flag = &lost;
+    own_window = info.info.x11.window;
+    XSetErrorHandler(RefusedRequest);
+    XSetIOErrorHandler(LostConnection);
+}
+
+}  // namespace tamlo
