@@ -8,6 +8,7 @@
 #include <string>
 
 #include "game/form1.h"
+#include "platform/desktop/desktop_window.h"
 #include "platform/desktop/sound_output.h"
 #include "platform/end_of_process.h"
 #include "platform/system/disk_files.h"
@@ -66,6 +67,21 @@ EndOfProcess RunGame(const Platform& platform) {
     return {};
 }
 
+/// What is said is printed only where no card makes it heard.
+Ending PlayInWindow(SoundOutput& sound, DesktopWindow& window) {
+    Machine machine;
+    const auto pump = [&] { window.Pump(); };
+    SystemDesktop desktop({.message_box = [&](const std::string& text) { window.MessageBox(text); },
+                           .beep = [&] { sound.Beep(); },
+                           .edit = EditOnDesktop});
+    HeardVoice voice(sound, pump);
+    LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump);
+    PrintedSpeech speech(voice.Service(), printer, [&] { return !sound.Audible(); });
+    const EndOfProcess end = RunGame(
+        {speech, sound.Sound(), window, machine.files, machine.clock, desktop, machine.random});
+    return {end, desktop.RestartWanted()};
+}
+
 Ending PlayInTerminal(SoundOutput& sound) {
     Machine machine;
     SignalWatch signals;
@@ -112,6 +128,8 @@ Ending PlayFromPipe(SoundOutput& sound) {
 /// so that it is awake when the first word comes.
 Ending Play() {
     SoundOutput sound(ProgramFolder());
+    std::string why_no_window;
+    if (const auto window = DesktopWindow::Open(why_no_window)) return PlayInWindow(sound, *window);
     return ::isatty(STDIN_FILENO) != 0 ? PlayInTerminal(sound) : PlayFromPipe(sound);
 }
 
