@@ -21,7 +21,7 @@ timespec AsTimespec(Time time) {
 }  // namespace
 
 KeyInput::KeyInput(int descriptor, Gaps gaps, const Clock& clock, SignalWatch& signals)
-    : descriptor_(descriptor), clock_(clock), signals_(signals), keys_(gaps) {}
+    : descriptor_(descriptor), gaps_(gaps), clock_(clock), signals_(signals), keys_(gaps) {}
 
 void KeyInput::Await(double seconds) {
     constexpr double longest = 3600;
@@ -48,7 +48,8 @@ bool KeyInput::SleepOnce(Time longest) {
 
 void KeyInput::Read() {
     char bytes[256];
-    const ssize_t count = ::read(descriptor_, bytes, sizeof bytes);
+    // From a pipe no more than what is needed: the rest is for the game that a restart begins.
+    const ssize_t count = ::read(descriptor_, bytes, gaps_ == Gaps::lost ? 1 : sizeof bytes);
     if (count > 0) {
         keys_.Feed({bytes, static_cast<std::size_t>(count)}, clock_.Steady());
     } else if (count == 0 || (errno != EINTR && errno != EAGAIN)) {

@@ -31,6 +31,7 @@ class KeyInput {
     void Read();
 
     int descriptor_;
+    Gaps gaps_;
     const Clock& clock_;
     SignalWatch& signals_;
     TerminalKeys keys_;
