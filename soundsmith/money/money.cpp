@@ -52,12 +52,12 @@ Sound Tear(int rate, Chance& chance) {
 // A new note bent and let go: many tiny crackles, densest in the middle.
 Sound Rustle(int rate, double seconds, Chance& chance) {
     Sound rustle = Silence(rate, seconds);
-    for (int i = 0; i < 160; ++i) {
+    for (int i = 0; i < 70; ++i) {  // a few loud among many faint ones
         const double at = seconds * (chance.Next() + chance.Next()) / 2.0;
-        MixAt(rustle, NoiseBurst(rate, 0.0004, 0.003, 2200, 9500, chance), at,
-              chance.Between(0.2, 1.0));
+        const double level = 0.08 + 1.5 * std::pow(chance.Next(), 4.0);
+        MixAt(rustle, NoiseBurst(rate, 0.0003, 0.003, 1800, 9500, chance), at, level);
     }
-    MixAt(rustle, NoiseBurst(rate, 0.4 * seconds, 0.5 * seconds, 1500, 7000, chance), 0.0, 0.5);
+    MixAt(rustle, NoiseBurst(rate, 0.4 * seconds, 0.5 * seconds, 1500, 7000, chance), 0.0, 0.08);
     return rustle;
 }
 
@@ -86,7 +86,7 @@ Sound BankNotes(Brief brief) {
 Sound Coins(Brief brief) {
     Sound coins = brief.Blank();
     const double sizes[] = {1.0, 1.27, 0.86};
-    const double times[] = {0.002, 0.044, 0.095};
+    const double times[] = {0.006, 0.046, 0.094};
     for (int i = 0; i < 3; ++i) {
         const Body coin =
             Scaled({{{4350, 0.09, 1.0}, {5480, 0.08, 0.9}, {7160, 0.06, 0.7}, {9300, 0.04, 0.4}},

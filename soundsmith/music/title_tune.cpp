@@ -98,9 +98,9 @@ void Strum(Sound& tune, const Chord& chord, double at, double level, Chance& cha
 void PlayBar(Sound& tune, const Chord& chord, int bar, Chance& chance) {
     const double at = 3 * kBeat * bar;
     const char* bass = bar % 2 == 0 ? chord.bass : chord.fifth;
-    MixAt(tune, PluckedString(tune.rate, NoteHz(bass), 0.8, 0.22, chance), at, 0.85);
+    MixAt(tune, PluckedString(tune.rate, NoteHz(bass), 0.8, 0.22, chance), at, 1.7);
     for (const double beat : {1.0, 2.0}) {
-        Strum(tune, chord, at + beat * kBeat, 0.3, chance);
+        Strum(tune, chord, at + beat * kBeat, 0.5, chance);
         MixAt(tune, BrushOnSnare(tune.rate, chance), at + beat * kBeat, 0.22);
     }
 }
@@ -114,15 +114,15 @@ Sound TitleTune(Brief brief) {
     PlayBar(tune, kG, 0, chance);
     for (int bar = 0; bar < kBars - 1; ++bar)
         PlayBar(tune, kHarmony[static_cast<std::size_t>(bar)], bar + kIntroBars, chance);
-    PlayLine(tune, kMelody, start, Accordion, 0.42, chance);
-    PlayLine(tune, kSecondVoice, start + 8 * 3 * kBeat, Clarinet, 0.3, chance);
+    PlayLine(tune, kMelody, start, Accordion, 0.34, chance);
+    PlayLine(tune, kSecondVoice, start + 8 * 3 * kBeat, Clarinet, 0.28, chance);
     // The last bar: the whole band, three times, and the last chord rings.
     const double end = start + (kBars - 1) * 3 * kBeat;
     const std::array<const Chord*, 3> cadence{&kG, &kD7, &kG};
     for (std::size_t i = 0; i < 3; ++i) {
         const double at = end + static_cast<double>(i) * kBeat;
-        Strum(tune, *cadence[i], at, 0.45, chance);
-        MixAt(tune, PluckedString(tune.rate, NoteHz(cadence[i]->bass), 1.2, 0.25, chance), at, 0.9);
+        Strum(tune, *cadence[i], at, 0.65, chance);
+        MixAt(tune, PluckedString(tune.rate, NoteHz(cadence[i]->bass), 1.2, 0.25, chance), at, 1.7);
         MixAt(tune, BrushOnSnare(tune.rate, chance), at, 0.35);
     }
     LowPass(tune, 3400);

@@ -7,7 +7,7 @@
 #include "filters.h"
 #include "places.h"
 #include "vocabulary/bodies.h"
-#include "vocabulary/engine.h"
+#include "vocabulary/engine_kinds.h"
 #include "vocabulary/horns.h"
 #include "vocabulary/pass_by.h"
 #include "vocabulary/room.h"
@@ -36,20 +36,8 @@ Sound FarTraffic(const Sound& like, Chance& chance) {
 // A car that passes in six seconds, `wet` from 0 (dry road) to 1 (spray).
 Sound PassingCar(int rate, double speed, double distance, double wet, Chance& chance) {
     const double seconds = 6.0;
-    const EngineKind motor{EvenFirings({1.0, 0.92, 0.97, 0.9}),
-                           0.0012,
-                           0.15,
-                           {{95, 2, 1.0}, {210, 2, 0.8}, {520, 3, 0.4}},
-                           0.3,
-                           0.4,
-                           200,
-                           2500,
-                           0.1,
-                           2200,
-                           1.3,
-                           70};
     const Sound blank = Silence(rate, seconds);
-    Sound car = RunEngine(motor, blank, chance.Between(16, 26), 0.8, chance);
+    Sound car = RunEngine(kSmallCarEngine, blank, chance.Between(16, 26), 0.8, chance);
     Gain(car, 0.5);
     MixAt(car, NoiseBand(blank, 250, 1800, chance), 0.0, 0.9);
     if (wet > 0.0) MixAt(car, NoiseBand(blank, 1500, 9000, chance), 0.0, 1.3 * wet);
@@ -120,22 +108,21 @@ Sound QuietSuburb(Brief brief) {
 Sound Avenue(Brief brief) {
     Chance& chance = brief.chance;
     Sound street = brief.Blank();
-    MixAt(street, FarTraffic(street, chance), 0.0, 0.4);
+    MixAt(street, FarTraffic(street, chance), 0.0, 0.22);
     struct Car {
         double at, speed, distance, level;
     };
-    for (const Car& car : {Car{-2.2, 13, 7, 0.8},
-                           {0.4, 16, 10, 0.7},
-                           {2.6, 12, 7, 0.95},
-                           {4.1, 15, 11, 0.65},
-                           {5.9, 14, 8, 0.85}})
+    for (const Car& car :
+         {Car{-1.6, 17, 4.5, 1.0}, {1.0, 21, 6, 0.7}, {3.1, 15, 4, 1.0}, {5.6, 19, 5, 0.8}})
         MixAt(street, PassingCar(brief.rate, car.speed, car.distance, 0.0, chance), car.at,
               car.level);
-    MixAt(street, FarAway(Horn(brief.rate, kCarHorn, 0.35, chance), 1500), 1.9, 0.14);
-    MixAt(street, FarAway(Horn(brief.rate, {{311, 392}, -4, 1800, 0.02}, 0.18, chance), 1200), 6.7,
-          0.13);
-    MixAt(street, FarAway(Horn(brief.rate, {{311, 392}, -4, 1800, 0.02}, 0.5, chance), 1200), 7.0,
-          0.13);
+    const auto far_horn = [&](double seconds, const HornKind& kind) {
+        return FarAway(Horn(brief.rate, kind, seconds, chance), 1900);
+    };
+    const HornKind other{{311, 392}, -4, 1800, 0.02};
+    MixAt(street, far_horn(0.35, kCarHorn), 2.75, 0.28);
+    MixAt(street, far_horn(0.16, other), 7.3, 0.24);
+    MixAt(street, far_horn(0.5, other), 7.6, 0.24);
     AddRoom(street, kStreet);
     return street;
 }
@@ -174,21 +161,21 @@ Sound Rain(Brief brief) {
     Sound street = brief.Blank();
     Sound fall = NoiseBand(street, 900, 8000, chance);
     Shape(fall, Swell(brief.seconds, 6, 0.75, 1.0, chance));
-    MixAt(street, fall, 0.0, 0.1);
+    MixAt(street, fall, 0.0, 0.07);
     for (double at = 0.0; at < brief.seconds; at += 0.011)  // drops nearby, on tin and stone
         if (chance.OneIn(1.6))
             MixAt(street,
                   NoiseBurst(brief.rate, 0.0003, 0.006, chance.Between(1200, 3500), 9500, chance),
-                  at + chance.Between(0.0, 0.01), 0.22 * std::pow(chance.Next(), 2.0));
+                  at + chance.Between(0.0, 0.01), 0.5 * std::pow(chance.Next(), 3.0));
     for (double at = 0.0; at < brief.seconds; at += chance.Between(0.05, 0.22))  // the gutter
-        MixAt(street, Plop(brief.rate, chance), at, chance.Between(0.02, 0.1));
+        MixAt(street, Plop(brief.rate, chance), at, chance.Between(0.03, 0.16));
     const Body sill{
         {{820, 0.06, 1.0}, {1760, 0.05, 0.8}, {3300, 0.03, 0.4}}, {0.6, 0.004, 1500, 8000}, 0.05};
     for (int i = 0; i < 14; ++i)  // a drip on a window sill keeps its own slow time
         MixAt(street, Hit(sill, brief.rate, 0.8, chance),
-              brief.seconds * (i + chance.Between(0.3, 0.5)) / 14, 0.14);
-    MixAt(street, PassingCar(brief.rate, 12, 8, 1.0, chance), 0.2, 0.5);
-    MixAt(street, PassingCar(brief.rate, 14, 10, 1.0, chance), 5.3, 0.42);
+              brief.seconds * (i + chance.Between(0.3, 0.5)) / 14, 0.3);
+    MixAt(street, PassingCar(brief.rate, 16, 6, 1.0, chance), 0.2, 0.24);
+    MixAt(street, PassingCar(brief.rate, 19, 7, 1.0, chance), 5.3, 0.19);
     AddRoom(street, kStreet);
     return street;
 }

@@ -24,16 +24,16 @@ Sound MarchingBand(Brief brief) {
     constexpr std::array kBass{"f2", "c3", "f2", "c3", "c2", "c3"};
     for (std::size_t i = 0; i < 6; ++i) {
         const double at = lead + beat * static_cast<double>(i);
-        MixAt(band, BassDrum(brief.rate, brief.chance), at, i % 2 == 0 ? 1.0 : 0.75);
+        MixAt(band, BassDrum(brief.rate, brief.chance), at, i % 2 == 0 ? 0.65 : 0.45);
         for (const double stroke : {0.0, 0.5, 0.75})
             MixAt(band, SnareDrum(brief.rate, 0.09, brief.chance), at + stroke * beat,
                   stroke == 0.0 ? 0.5 : 0.32);
-        MixAt(band, Tuba(brief.rate, NoteHz(kBass[i]), 0.4 * beat, brief.chance), at, 0.6);
+        MixAt(band, Tuba(brief.rate, NoteHz(kBass[i]), 0.4 * beat, brief.chance), at, 0.4);
         for (const auto* voice : {&kTune, &kUpper}) {
             MixAt(band, Brass(brief.rate, NoteHz((*voice)[i]), 0.42 * beat, brief.chance), at,
-                  0.16);
+                  0.42);
             MixAt(band, Brass(brief.rate, NoteHz((*voice)[i]), 0.2 * beat, brief.chance),
-                  at + 0.5 * beat, 0.14);
+                  at + 0.5 * beat, 0.36);
         }
         if (i % 2 == 0) MixAt(band, Cymbal(brief.rate, 0.5, brief.chance), at, 0.12);
     }
@@ -48,8 +48,8 @@ Sound Jogger(Brief brief) {
         MixAt(jogger, Step(RunningShoe(), brief.rate, i % 2 == 0 ? 1.0 : 0.85, brief.chance),
               (i + 0.35) * stride);
     // In over two steps, out over two.
-    MixAt(jogger, Breath(brief.rate, true, 1.55 * stride, brief.chance), 0.35 * stride, 0.5);
-    MixAt(jogger, Breath(brief.rate, false, 1.7 * stride, brief.chance), 2.25 * stride, 0.75);
+    MixAt(jogger, Breath(brief.rate, true, 1.55 * stride, brief.chance), 0.35 * stride, 0.4);
+    MixAt(jogger, Breath(brief.rate, false, 1.7 * stride, brief.chance), 2.25 * stride, 0.65);
     return jogger;
 }
 
@@ -72,13 +72,14 @@ Sound RunningDog(Brief brief) {
 Sound Helicopter(Brief brief) {
     // Four slaps of the blades, exactly even around the loop, over a turbine of whole waves.
     Sound rotor = brief.Blank();
-    const Body air{{{55, 0.16, 1.0}, {92, 0.13, 1.0}, {143, 0.1, 0.8}}, {0.0, 0.0, 0.0, 0.0}, 0.01};
+    const Body air{
+        {{92, 0.1, 0.6}, {143, 0.09, 1.0}, {226, 0.07, 0.8}}, {0.0, 0.0, 0.0, 0.0}, 0.01};
     for (int blade = 0; blade < 4; ++blade) {
         const double at = brief.seconds * (blade + 0.3) / 4.0;
-        Sound slap = NoiseBurst(brief.rate, 0.012, 0.06, 120, 1100, brief.chance);
-        MixAt(slap, NoiseBurst(brief.rate, 0.003, 0.02, 700, 2800, brief.chance), 0.006, 0.4);
+        Sound slap = NoiseBurst(brief.rate, 0.012, 0.055, 180, 1800, brief.chance);
+        MixAt(slap, NoiseBurst(brief.rate, 0.003, 0.025, 900, 4500, brief.chance), 0.006, 0.8);
         MixAt(rotor, slap, at, 1.6);
-        MixAt(rotor, Hit(air, brief.rate, 1.0, brief.chance), at, 0.6);
+        MixAt(rotor, Hit(air, brief.rate, 1.0, brief.chance), at, 0.3);
     }
     for (const auto& [waves, level] :
          {std::pair{560.0, 0.06}, {843.0, 0.05}, {1127.0, 0.025}, {75.0, 0.08}}) {

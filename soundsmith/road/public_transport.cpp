@@ -5,7 +5,7 @@
 #include "filters.h"
 #include "road.h"
 #include "vocabulary/bodies.h"
-#include "vocabulary/engine.h"
+#include "vocabulary/engine_kinds.h"
 #include "vocabulary/room.h"
 #include "vocabulary/sources.h"
 #include "vocabulary/walk.h"
@@ -13,20 +13,6 @@
 namespace tamlo::soundsmith {
 
 namespace {
-
-const EngineKind kBusDiesel{
-    EvenFirings({1.0, 0.82, 0.94, 0.86, 0.98, 0.8}),
-    0.002,
-    0.2,
-    {{70, 1.6, 0.9}, {135, 2, 1.0}, {270, 2.5, 0.9}, {560, 3, 0.6}, {1200, 3, 0.35}},
-    0.4,
-    0.7,
-    150,
-    3200,
-    0.5,
-    1750,
-    1.9,
-    60};
 
 // The folding doors: air, then the leaves knock against their stops.
 Sound FoldingDoors(int rate, Chance& chance) {
@@ -47,12 +33,12 @@ Sound CityBus(Brief brief) {
                      {13.0, 11.5}, {13.3, 8.2}, {15.2, 11.5}, {15.5, 9.0}, {17.2, 10.5}};
     const Curve load{{0.0, 0.8},  {3.2, 0.6},   {5.9, 0.6},  {10.9, 0.6}, {11.3, 1.0}, {13.0, 1.0},
                      {13.1, 0.4}, {13.35, 1.0}, {15.2, 1.0}, {15.3, 0.4}, {15.6, 0.9}};
-    Sound engine = RunEngine(kBusDiesel, bus, revs, load, brief.chance);
+    Sound engine = RunEngine(kBusEngine, bus, revs, load, brief.chance);
     Sound tyres = NoiseBand(bus, 150, 1800, brief.chance);
     Shape(tyres, {{0.0, 1.0}, {4.2, 0.8}, {6.0, 0.0}, {11.2, 0.0}, {13.5, 0.7}, {17.2, 1.0}});
     MixAt(engine, tyres, 0.0, 0.35);
-    const Curve nearness{{0.0, 0.12}, {2.5, 0.35}, {4.8, 0.9},   {6.0, 1.0},
-                         {11.5, 1.0}, {13.5, 0.7}, {15.5, 0.25}, {17.2, 0.04}};
+    const Curve nearness{{0.0, 0.2},  {2.5, 0.42}, {4.8, 0.9},  {6.0, 1.0},
+                         {11.5, 1.0}, {13.5, 0.7}, {15.5, 0.3}, {17.2, 0.06}};
     Shape(engine, nearness);
     MovingLowPass(engine, {{0.0, 900}, {4.5, 5000}, {12.0, 5000}, {15.0, 1600}, {17.2, 700}});
     MixAt(bus, engine, 0.0);
@@ -68,7 +54,7 @@ Sound CityBus(Brief brief) {
         Sound tone = Tone(brief.rate, 0.16, 1568, Harmonics({1.0, 0.1, 0.25}));
         FadeIn(tone, 0.005);
         FadeOut(tone, 0.01);
-        MixAt(bus, tone, 9.15 + 0.32 * beep, 0.16);
+        MixAt(bus, tone, 9.15 + 0.32 * beep, 0.1);
     }
     MixAt(bus, FoldingDoors(brief.rate, brief.chance), 10.35, 0.75);
     MixAt(bus, NoiseBurst(brief.rate, 0.01, 0.25, 1400, 5000, brief.chance), 11.15, 0.5);
@@ -95,7 +81,7 @@ Sound Tram(Brief brief) {
     Body gong = BellOf(1046.5, 0.9);
     gong.click = {0.5, 0.01, 1500, 7000};
     for (const double at : {1.0, 1.26, 3.5, 3.76})
-        MixAt(tram, Hit(gong, brief.rate, 1.0, brief.chance), at, 0.42);
+        MixAt(tram, Hit(gong, brief.rate, 1.0, brief.chance), at, 0.6);
     AddRoom(tram, kStreet);
     return tram;
 }

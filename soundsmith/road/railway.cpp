@@ -5,7 +5,7 @@
 #include "filters.h"
 #include "road.h"
 #include "vocabulary/bodies.h"
-#include "vocabulary/engine.h"
+#include "vocabulary/engine_kinds.h"
 #include "vocabulary/horns.h"
 #include "vocabulary/pass_by.h"
 #include "vocabulary/room.h"
@@ -64,38 +64,25 @@ Sound CrossingBell(Brief brief) {
 
 Sound FreightTrain(Brief brief) {
     const double near = 5.6;  // the locomotive passes the listener
-    const EngineKind diesel{
-        EvenFirings({1.0, 0.85, 0.95, 0.8, 1.0, 0.9, 0.75, 0.95}),
-        0.003,
-        0.2,
-        {{55, 1.5, 1.0}, {92, 2, 1.0}, {190, 2, 0.8}, {420, 2.5, 0.4}, {900, 3, 0.25}},
-        0.3,
-        0.7,
-        120,
-        2500,
-        0.15,
-        1700,
-        1.8,
-        40};
     const Sound blank = brief.Blank();
-    Sound locomotive = RunEngine(diesel, blank, 6.2, 1.0, brief.chance);
+    Sound locomotive = RunEngine(kLocomotiveEngine, blank, 6.2, 1.0, brief.chance);
     // Long, long, short, long.
     MixAt(locomotive,
-          BlowHorn(brief.rate, kFreightHorn, {{0.15, 1.3}, {1.7, 1.2}, {3.15, 0.5}, {3.9, 2.0}},
+          BlowHorn(brief.rate, kFreightHorn, {{0.15, 1.3}, {1.7, 1.2}, {3.15, 0.5}, {3.9, 2.9}},
                    brief.seconds, brief.chance),
-          0.0, 2.4);
+          0.0, 1.7);
     Sound train = Passing(locomotive, {near, 9.0, 9.0}, brief.seconds);
     const Wheels wheels{near - 0.4, 12.6, 10.5, 15.0, 9.5, 1.9};
     Sound clacks = Clacks(brief.rate, brief.seconds, wheels, brief.chance);
     Shape(clacks, {{0.0, 0.0}, {near - 0.5, 0.75}, {near + 1, 1.0}, {12.0, 0.85}, {13.0, 0.4}});
-    MixAt(train, clacks, 0.0, 0.75);
+    MixAt(train, clacks, 0.0, 1.6);
     Sound rumble = NoiseBand(blank, 35, 260, brief.chance);
-    MixAt(rumble, NoiseBand(blank, 300, 2400, brief.chance), 0.0, 0.12);
+    MixAt(rumble, NoiseBand(blank, 400, 3200, brief.chance), 0.0, 0.3);
     Shape(rumble, {{0.0, 0.05}, {3.5, 0.25}, {near, 1.0}, {12.0, 0.85}, {14.1, 0.05}});
     MixAt(train, rumble, 0.0, 1.3);
     Sound flange = Tone(brief.rate, 2.6, Vibrato(2750, 0.006, 3.1, 2.6), Harmonics({1.0, 0.4}));
     Shape(flange, {{0.0, 0.0}, {0.6, 1.0}, {1.3, 0.3}, {1.9, 0.8}, {2.6, 0.0}});
-    MixAt(train, flange, 8.2, 0.04);
+    MixAt(train, flange, 8.2, 0.07);
     AddRoom(train, kStreet);
     Shape(train, {{0.0, 1.0}, {12.4, 1.0}, {14.0, 0.0}});
     return train;
@@ -110,7 +97,7 @@ Sound PassengerTrain(Brief brief) {
     MixAt(unit, NoiseBand(blank, 150, 5000, brief.chance), 0.0, 1.6);
     const Sound horn = BlowHorn(brief.rate, kPassengerHorn, {{0.2, 0.7}, {1.05, 0.9}, {2.9, 0.8}},
                                 brief.seconds, brief.chance);
-    MixAt(unit, horn, 0.0, 3.5);
+    MixAt(unit, horn, 0.0, 6.0);
     Sound train = Passing(unit, {near, 33.0, 8.0}, brief.seconds);
     Sound rear =
         Passing(NoiseBand(blank, 120, 4000, brief.chance), {near + 4.6, 33.0, 8.0}, brief.seconds);
@@ -122,10 +109,10 @@ Sound PassengerTrain(Brief brief) {
                    {near + 4.5, 0.9},
                    {near + 5.4, 0.1},
                    {11.5, 0.0}});
-    MixAt(train, whoosh, 0.0, 0.8);
+    MixAt(train, whoosh, 0.0, 1.5);
     Sound clacks = Clacks(brief.rate, brief.seconds,
                           {near - 0.1, near + 4.5, 33.0, 23.0, 15.5, 2.4}, brief.chance);
-    MixAt(train, clacks, 0.0, 0.7);
+    MixAt(train, clacks, 0.0, 1.5);
     AddRoom(train, kStreet);
     Shape(train, {{0.0, 1.0}, {10.0, 1.0}, {11.9, 0.0}});
     return train;

@@ -5,7 +5,7 @@
 #include "road.h"
 #include "vocabulary/bodies.h"
 #include "vocabulary/car_door.h"
-#include "vocabulary/engine.h"
+#include "vocabulary/engine_kinds.h"
 #include "vocabulary/horns.h"
 #include "vocabulary/pass_by.h"
 #include "vocabulary/room.h"
@@ -27,19 +27,6 @@ Curve Sweeps(double low, double high, double up, double down, double seconds) {
     return Curve(course);
 }
 
-const EngineKind kPatrolCar{EvenFirings({1.0, 0.85, 0.95, 0.8, 1.0, 0.9, 0.85, 0.95}),
-                            0.0015,
-                            0.2,
-                            {{75, 1.5, 1.0}, {140, 2, 0.9}, {310, 2.5, 0.6}, {700, 3, 0.3}},
-                            0.4,
-                            0.5,
-                            150,
-                            2500,
-                            0.2,
-                            2300,
-                            1.5,
-                            50};
-
 }  // namespace
 
 Sound Ambulance(Brief brief) {
@@ -55,19 +42,8 @@ Sound Ambulance(Brief brief) {
         siren.samples[i] = (1.0 - part) * source.samples[whole] + part * source.samples[whole + 1];
         place += speed(static_cast<double>(i) / brief.rate);
     }
-    const EngineKind motor{EvenFirings({1.0, 0.9, 0.95, 0.85}),
-                           0.0015,
-                           0.2,
-                           {{110, 2, 1.0}, {260, 2, 0.8}, {600, 3, 0.5}},
-                           0.4,
-                           0.6,
-                           200,
-                           2500,
-                           0.2,
-                           2100,
-                           1.6,
-                           70};
-    MixAt(siren, RunEngine(motor, siren, {{0.0, 24}, {1.5, 26}, {2.0, 23.5}}, 1.0, brief.chance),
+    MixAt(siren,
+          RunEngine(kSmallCarEngine, siren, {{0.0, 24}, {1.5, 26}, {2.0, 23.5}}, 1.0, brief.chance),
           0.0, 0.16);
     MixAt(siren, NoiseBand(siren, 200, 2500, brief.chance), 0.0, 0.1);
     AddRoom(siren, kStreet);
@@ -88,17 +64,17 @@ Sound PoliceStop(Brief brief) {
     const Curve nearer{{0.0, 0.16}, {1.5, 0.34}, {2.8, 0.85}, {3.6, 1.0}};
     Shape(scene, nearer);
     MovingLowPass(scene, {{0.0, 1800}, {2.0, 4500}, {3.2, 14000}});
-    Sound car =
-        RunEngine(kPatrolCar, scene, {{0.0, 13}, {3.0, 11}, {stop, 6.0}, {5.9, 5.4}, {6.2, 2.0}},
-                  {{0.0, 0.7}, {stop, 0.6}, {5.85, 0.6}, {6.15, 0.0}}, brief.chance);
+    Sound car = RunEngine(kPatrolCarEngine, scene,
+                          {{0.0, 13}, {3.0, 11}, {stop, 6.0}, {5.9, 5.4}, {6.2, 2.0}},
+                          {{0.0, 0.7}, {stop, 0.6}, {5.85, 0.6}, {6.15, 0.0}}, brief.chance);
     Shape(car, {{0.0, 0.1}, {2.8, 0.6}, {stop, 1.0}, {6.2, 0.8}, {6.25, 0.0}});
-    MixAt(scene, car, 0.0, 0.25);
+    MixAt(scene, car, 0.0, 0.7);
     Sound tyres = NoiseBand(scene, 250, 2600, brief.chance);
     Shape(tyres, {{0.0, 0.05}, {2.8, 0.4}, {3.7, 0.6}, {stop, 0.0}});
     MixAt(scene, tyres, 0.0, 0.3);
-    MixAt(scene, CarDoorOpens(brief.rate, brief.chance), 6.3, 0.35);
-    MixAt(scene, CarDoorShuts(brief.rate, brief.chance), 6.75, 0.6);
-    AddWalk(scene, HeavyShoe(), {3, 7.3, 0.46, 0.6, 0.8}, brief.chance);
+    MixAt(scene, CarDoorOpens(brief.rate, brief.chance), 6.3, 0.6);
+    MixAt(scene, CarDoorShuts(brief.rate, brief.chance), 6.75, 1.1);
+    AddWalk(scene, HeavyShoe(), {3, 7.3, 0.46, 1.0, 1.4}, brief.chance);
     AddRoom(scene, kStreet);
     return scene;
 }

@@ -6,7 +6,7 @@
 #include "filters.h"
 #include "road.h"
 #include "vocabulary/bodies.h"
-#include "vocabulary/engine.h"
+#include "vocabulary/engine_kinds.h"
 #include "vocabulary/horns.h"
 #include "vocabulary/instruments.h"
 #include "vocabulary/pass_by.h"
@@ -33,21 +33,8 @@ Sound Screech(int rate, double seconds, double hz, Chance& chance) {
 }  // namespace
 
 Sound OldCar(Brief brief) {
-    // One cylinder in four has given up, another fires when it likes.
-    const EngineKind wreck{{{0.0, 1.0}, {0.25, 0.15}, {0.5, 0.8}, {0.77, 0.45}},
-                           0.0014,
-                           0.9,
-                           {{140, 2.5, 1.0}, {330, 3, 1.0}, {610, 4, 0.8}, {1250, 5, 0.4}},
-                           0.5,
-                           0.8,
-                           300,
-                           4000,
-                           0.9,
-                           2700,
-                           2.0,
-                           90};
-    Sound car =
-        RunEngine(wreck, brief.Blank(), {{0.0, 5.6}, {1.0, 6.4}, {2.0, 5.6}}, 1.0, brief.chance);
+    Sound car = RunEngine(kWreckEngine, brief.Blank(), {{0.0, 5.6}, {1.0, 6.4}, {2.0, 5.6}}, 1.0,
+                          brief.chance);
     const Body tin{
         {{530, 0.07, 1.0}, {1190, 0.06, 0.8}, {2240, 0.05, 0.6}}, {0.4, 0.01, 1000, 6000}, 0.08};
     for (int i = 0; i < 16; ++i)  // mudguards and doors shake along
@@ -71,23 +58,10 @@ Sound NearMiss(Brief brief) {
 }
 
 Sound Truck(Brief brief) {
-    const EngineKind diesel{
-        EvenFirings({1.0, 0.8, 0.93, 0.85, 0.97, 0.78}),
-        0.002,
-        0.2,
-        {{62, 1.6, 1.0}, {118, 2, 1.0}, {236, 2.5, 0.8}, {520, 3, 0.6}, {1150, 3, 0.3}},
-        0.4,
-        0.8,
-        150,
-        3500,
-        0.5,
-        1850,
-        2.0,
-        50};
     const Sound blank = Silence(brief.rate, brief.seconds);
-    Sound truck =
-        RunEngine(diesel, blank, {{0.0, 9.5}, {1.6, 11.5}, {2.4, 10}, {3.4, 9.4}, {6.0, 12.5}},
-                  {{0.0, 1.0}, {1.6, 1.0}, {1.9, 0.5}, {3.3, 0.5}, {3.7, 1.0}}, brief.chance);
+    Sound truck = RunEngine(
+        kTruckEngine, blank, {{0.0, 9.5}, {1.6, 11.5}, {2.4, 10}, {3.4, 9.4}, {6.0, 12.5}},
+        {{0.0, 1.0}, {1.6, 1.0}, {1.9, 0.5}, {3.3, 0.5}, {3.7, 1.0}}, brief.chance);
     MixAt(truck, NoiseBand(blank, 120, 2200, brief.chance), 0.0, 0.5);  // many tyres
     MixAt(truck, Horn(brief.rate, kTruckHorn, 0.45, brief.chance), 1.0, 1.7);
     MixAt(truck, Horn(brief.rate, kTruckHorn, 0.85, brief.chance), 1.6, 1.7);
@@ -119,19 +93,7 @@ Sound IceCreamVan(Brief brief) {
     Sound speaker = Resonate(chimes, {{900, 1.5, 0.6}, {2100, 2.0, 0.8}}, 0.6);
     NormalisePeak(speaker);
     Saturate(speaker, 1.6);
-    const EngineKind motor{EvenFirings({1.0, 0.9, 0.96, 0.86}),
-                           0.0016,
-                           0.25,
-                           {{95, 2, 1.0}, {210, 2, 0.8}, {480, 3, 0.4}},
-                           0.3,
-                           0.5,
-                           150,
-                           1800,
-                           0.15,
-                           2100,
-                           1.5,
-                           70};
-    MixAt(speaker, RunEngine(motor, brief.Blank(), 6.2, 0.7, brief.chance), 0.0, 0.22);
+    MixAt(speaker, RunEngine(kSmallCarEngine, brief.Blank(), 6.2, 0.7, brief.chance), 0.0, 0.22);
     AddRoom(speaker, kStreet);
     return speaker;
 }
@@ -139,19 +101,6 @@ Sound IceCreamVan(Brief brief) {
 Sound Motorbike(Brief brief) {
     // The two cylinders fire unevenly: potato, potato. Five copies run at once, so its revs and its
     // level wander, in periods that never fall together with the 0.4 s between the copies.
-    const EngineKind twin{
-        {{0.0, 1.0}, {0.4375, 0.85}},
-        0.0016,
-        0.35,
-        {{78, 2, 1.0}, {152, 2.5, 1.0}, {310, 3, 0.8}, {640, 3, 0.5}, {1300, 4, 0.25}},
-        0.6,
-        0.8,
-        150,
-        3200,
-        0.35,
-        2500,
-        2.4,
-        60};
     std::vector<Curve::Point> revs, level;
     const double turn = 2.0 * std::numbers::pi / brief.seconds;
     for (double t = 0.0; t <= brief.seconds + 0.001; t += 0.05) {
@@ -160,30 +109,16 @@ Sound Motorbike(Brief brief) {
         level.push_back(
             {t, 0.8 + 0.15 * std::sin(turn * 2 * t + 0.7) + 0.08 * std::sin(turn * 7 * t)});
     }
-    return RunEngine(twin, brief.Blank(), Curve(revs), Curve(level), brief.chance);
+    return RunEngine(kTwinEngine, brief.Blank(), Curve(revs), Curve(level), brief.chance);
 }
 
 Sound SportsCar(Brief brief) {
-    // Twelve small cylinders far up their range, with wind and tyres.
-    const EngineKind screamer{
-        EvenFirings({1.0, 0.9, 0.96, 0.9, 1.0, 0.88}),
-        0.0005,
-        0.12,
-        {{240, 2, 0.8}, {520, 2.5, 1.0}, {1150, 3, 0.9}, {2200, 4, 0.6}, {3600, 4, 0.3}},
-        0.5,
-        0.8,
-        500,
-        6500,
-        0.1,
-        4200,
-        2.0,
-        120};
-    Sound car = RunEngine(screamer, brief.Blank(), {{0.0, 61}, {1.2, 67}, {2.4, 70}, {3.0, 61}},
-                          1.0, brief.chance);
-    Sound wind = NoiseBand(car, 700, 7000, brief.chance);
-    Sound tyres = NoiseBand(car, 180, 1100, brief.chance);
-    MixAt(car, wind, 0.0, 0.22);
-    MixAt(car, tyres, 0.0, 0.35);
+    // It pulls up through a gear, lifts, and pulls again: round the loop it never arrives.
+    Sound car = RunEngine(
+        kRacyEngine, brief.Blank(), {{0.0, 62}, {2.3, 84}, {2.42, 60}, {2.55, 58}, {3.0, 62}},
+        {{0.0, 1.0}, {2.28, 1.0}, {2.33, 0.3}, {2.48, 0.3}, {2.56, 1.0}}, brief.chance);
+    MixAt(car, NoiseBand(car, 700, 7000, brief.chance), 0.0, 0.2);   // wind
+    MixAt(car, NoiseBand(car, 180, 1100, brief.chance), 0.0, 0.32);  // tyres
     return car;
 }
 

@@ -95,7 +95,7 @@ Sound HorseAndCarriage(Brief brief) {
     for (int i = 0; i < 8; ++i) {
         const double pair = (i % 4) * 0.25 + (i % 2 == 1 ? -0.035 : 0.0);
         const double at = round * (i / 4) + round * pair + 0.12;
-        MixAt(carriage, Clop(brief.rate, i % 2 == 0 ? 1.0 : 0.85, brief.chance), at);
+        MixAt(carriage, Clop(brief.rate, i % 2 == 0 ? 1.12 : 0.92, 1.0, brief.chance), at);
     }
     const Body jingle{
         {{3900, 0.14, 1.0}, {5300, 0.12, 0.8}, {7100, 0.09, 0.6}}, {0.1, 0.003, 3000, 9000}, 0.12};
@@ -104,7 +104,7 @@ Sound HorseAndCarriage(Brief brief) {
             MixAt(carriage, Hit(jingle, brief.rate, brief.chance.Between(0.4, 1.0), brief.chance),
                   0.25 * i + brief.chance.Between(0.1, 0.25), 0.07);
     Sound wheels = Roll(carriage, 120, 900, 6, brief.chance);
-    MixAt(carriage, wheels, 0.0, 0.25);
+    MixAt(carriage, wheels, 0.0, 0.11);
     for (int i = 0; i < 26; ++i)  // iron tyres on grit
         MixAt(carriage, NoiseBurst(brief.rate, 0.0005, 0.012, 900, 5000, brief.chance),
               brief.chance.Between(0.0, brief.seconds), brief.chance.Between(0.05, 0.2));

@@ -56,7 +56,8 @@ Sound BuggyStart(Brief brief) {
                  {1.7, 0.45},
                  {2.5, kIdleLoad}},
         .bright_hz = {{0.0, 1500}, {0.9, 3000}, {1.1, 8000}, {1.6, 4000}, {2.5, kIdleBright}},
-        .level = {{0.0, 0.6}, {0.9, 0.9}, {1.1, 1.0}, {1.6, 0.8}, {2.3, 0.3}, {2.75, kIdleLevel}},
+        .level =
+            {{0.0, 0.6}, {0.9, 0.9}, {1.1, 1.0}, {1.6, 0.8}, {2.3, 0.3}, {2.75, 1.5 * kIdleLevel}},
     };
     MixAt(start, DriveEngine(kBuggy, start, ride, brief.chance), 0.0);
     return start;

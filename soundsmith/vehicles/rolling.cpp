@@ -4,6 +4,7 @@
 
 #include "vehicles.h"
 #include "vocabulary/bodies.h"
+#include "vocabulary/engine_kinds.h"
 #include "vocabulary/room.h"
 #include "vocabulary/sources.h"
 
@@ -44,23 +45,11 @@ Sound MovingOff(Brief brief) {
     const Body gear{{{150, 0.12, 1.0}, {290, 0.09, 0.8}, {640, 0.05, 0.6}, {1700, 0.03, 0.4}},
                     {0.9, 0.015, 400, 4500}};
     MixAt(clunk, Hit(gear, brief.rate, 1.0, brief.chance), 0.004, 0.9);
-    const EngineKind blip{EvenFirings({1.0, 0.8}),
-                          0.0012,
-                          0.2,
-                          {{130, 1.8, 1.0}, {300, 2.5, 0.9}, {700, 3, 0.5}},
-                          0.4,
-                          0.3,
-                          300,
-                          3000,
-                          0.2,
-                          2600,
-                          1.8,
-                          80};
     const Ride ride{{{0.05, 22}, {0.13, 55}, {0.2, 38}},
                     {{0.04, 0.0}, {0.06, 0.9}, {0.13, 1.0}, {0.2, 0.3}},
                     4500,
                     1.0};
-    MixAt(clunk, DriveEngine(blip, brief.Blank(), ride, brief.chance), 0.0, 0.9);
+    MixAt(clunk, DriveEngine(kSmallCarEngine, brief.Blank(), ride, brief.chance), 0.0, 0.9);
     return clunk;
 }
 

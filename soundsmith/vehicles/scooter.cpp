@@ -74,7 +74,7 @@ Sound ScooterStart(Brief brief) {
                  {2.1, 0.5},
                  {2.85, kIdleLoad}},
         .bright_hz = {{0.0, 3000}, {1.3, 4000}, {1.75, 8000}, {2.2, 4500}, {2.85, kIdleBright}},
-        .level = {{0.0, 0.8}, {1.4, 1.0}, {2.0, 1.0}, {2.5, 0.4}, {2.95, kIdleLevel}},
+        .level = {{0.0, 0.8}, {1.4, 1.0}, {2.0, 1.0}, {2.5, 0.4}, {2.95, 0.85 * kIdleLevel}},
     };
     MixAt(start, DriveEngine(kScooter, start, ride, brief.chance), 0.0);
     return start;
@@ -115,7 +115,7 @@ Sound ScooterPullsAway(Brief brief) {
                   {3.0, 0.8},
                   {3.8, 0.75},
                   {4.3, 0.45},
-                  {4.9, kIdleLevel}},
+                  {4.9, 1.25 * kIdleLevel}},
     };
     return DriveEngine(kScooter, five_seconds, ride, brief.chance);
 }

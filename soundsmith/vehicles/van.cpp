@@ -9,7 +9,7 @@ namespace {
 constexpr double kIdle = 41.0 / 8.0;  // cycles of eight firings a second
 constexpr double kIdleLevel = 0.17;
 constexpr double kIdleLoad = 0.6;
-constexpr double kIdleBright = 1300;
+constexpr double kIdleBright = 1900;
 
 const EngineKind kVan{
     .cycle = EvenFirings({1.0, 0.72, 0.95, 0.9, 0.66, 1.0, 0.8, 0.7}),
@@ -108,7 +108,7 @@ Sound VanPullsAway(Brief brief) {
                   {3.4, 0.75},
                   {3.8, 0.7},
                   {4.2, 0.35},
-                  {4.55, kIdleLevel}},
+                  {4.55, 0.85 * kIdleLevel}},
     };
     return DriveEngine(kVan, brief.Blank(), ride, brief.chance);
 }

@@ -58,12 +58,12 @@ Sound Step(const Shoe& shoe, int rate, double strength, Chance& chance) {
     return step;
 }
 
-Sound Clop(int rate, double strength, Chance& chance) {
+Sound Clop(int rate, double size, double strength, Chance& chance) {
     // A hoof is a hollow cup that knocks: two low tones of the hollow, an iron edge above.
     const Body hoof{{{640, 0.06, 1.0}, {985, 0.05, 0.9}, {1580, 0.035, 0.5}, {3250, 0.03, 0.22}},
                     {0.8, 0.012, 700, 5000},
                     0.05};
-    Sound clop = Hit(hoof, rate, strength, chance);
+    Sound clop = Hit(Scaled(hoof, 1.0 / size), rate, strength, chance);
     SetLength(clop, 0.3);
     MixAt(clop, NoiseBurst(rate, 0.004, 0.05, 150, 900, chance), 0.0, 0.8 * strength);
     return clop;

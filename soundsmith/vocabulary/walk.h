@@ -24,7 +24,8 @@ Shoe HouseSlipper();
 Sound Step(const Shoe& shoe, int rate, double strength, Chance& chance);
 
 // One hoof on a paved road.
-Sound Clop(int rate, double strength, Chance& chance);
+// Larger hooves sound lower.
+Sound Clop(int rate, double size, double strength, Chance& chance);
 
 struct Walk {
     int steps;
