@@ -13,9 +13,12 @@
 namespace tamlo {
 namespace {
 
+// All that this processor has.
 std::vector<Instructions> AllInstructions() {
-    std::vector<Instructions> all = {Instructions::portable};
-    if (BestInstructions() != Instructions::portable) all.push_back(BestInstructions());
+    std::vector<Instructions> all;
+    for (const auto instructions : {Instructions::portable, Instructions::avx2}) {
+        if (instructions <= BestInstructions()) all.push_back(instructions);
+    }
     return all;
 }
 
@@ -45,12 +48,15 @@ TEST(Interpolation, IsTheSameForAllInstructionsAndCountsOfFrames) {
         Walk walk = start;
         std::vector<float> portable(static_cast<std::size_t>(frames) + 1, 7.0F);
         SelectInterpolator(Instructions::portable)(tone.data(), walk, frames, portable.data());
-        Walk best_walk = start;
-        std::vector<float> best(portable.size(), 7.0F);
-        SelectInterpolator(BestInstructions())(tone.data(), best_walk, frames, best.data());
-        for (std::size_t i = 0; i < best.size(); ++i) EXPECT_NEAR(best[i], portable[i], 1e-6);
-        EXPECT_EQ(best.back(), 7.0F);
-        EXPECT_EQ(walk.position, best_walk.position);
+        for (const Instructions instructions : AllInstructions()) {
+            Walk other_walk = start;
+            std::vector<float> other(portable.size(), 7.0F);
+            SelectInterpolator(instructions)(tone.data(), other_walk, frames, other.data());
+            for (std::size_t i = 0; i < other.size(); ++i) EXPECT_NEAR(other[i], portable[i], 1e-6);
+            EXPECT_EQ(other.back(), 7.0F);
+            EXPECT_EQ(walk.position, other_walk.position);
+            EXPECT_EQ(walk.step, other_walk.step);
+        }
         EXPECT_EQ(walk.step, start.step + frames * start.slope);
     }
 }

@@ -37,7 +37,13 @@ void Playhead::Glide::Advance(int frames, bool arrived) {
 }
 
 void Playhead::Glide::Add(const float* values, int frames, float* out) const {
-    for (int i = 0; i < frames; ++i) out[i] += values[i] * (value + slope * static_cast<float>(i));
+    if (slope == 0) {
+        for (int i = 0; i < frames; ++i) out[i] += values[i] * value;
+    } else {
+        for (int i = 0; i < frames; ++i) {
+            out[i] += values[i] * (value + slope * static_cast<float>(i));
+        }
+    }
 }
 
 Playhead::Playhead(const WaveData& wave) : wave_(&wave), target_step_(StepFor(wave.rate)) {

@@ -9,7 +9,7 @@
 namespace tamlo {
 
 /// Most frames that are rendered in one piece.
-inline constexpr int longest_piece = 128;
+inline constexpr int longest_piece = 256;
 
 /// Gains of the two ears, 0 to 1.
 struct Gains {

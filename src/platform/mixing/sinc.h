@@ -36,10 +36,10 @@ using Interpolator = void (*)(const float* samples, Walk& walk, int frames, floa
 
 enum class Instructions { portable, avx2 };
 
-/// The fastest that this processor has.
+/// The best that this processor has.
 Instructions BestInstructions();
 
-/// `instructions` must be among those of this processor. The first call makes the tables: call
+/// `instructions` must not be beyond those of this processor. The first call makes the tables: call
 /// it before the audio thread does.
 Interpolator SelectInterpolator(Instructions instructions);
 
