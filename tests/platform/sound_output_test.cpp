@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <thread>
@@ -44,6 +45,40 @@ TEST_P(SoundOutputTest, PlaysASoundToItsEnd) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Drivers, SoundOutputTest, testing::Values("dummy", "no such driver"));
+
+// Holds the audio thread up now and then, as a busy machine does; heard while `level` is not 0.
+class Stumbling final : public Source {
+  public:
+    void AddTo(float* stereo, int frames) noexcept override {
+        if (++blocks_ % 40 == 0) std::this_thread::sleep_for(40ms);
+        for (int i = 0; i < 2 * frames; ++i) stereo[i] += level;
+    }
+    std::atomic<float> level{0.1F};
+
+  private:
+    int blocks_ = 0;
+};
+
+TEST(SoundCardTest, TakesLargerBlocksAfterLateOnesOnceNothingIsSpoken) {
+    setenv("SDL_AUDIODRIVER", "dummy", 1);
+    Stumbling voice;
+    SoundOutput output("");
+    output.Attach(voice);
+    const auto eventually = [](const auto& happens) {
+        const auto deadline = Clock::now() + 30s;
+        while (!happens() && Clock::now() < deadline) std::this_thread::sleep_for(10ms);
+        return happens();
+    };
+    EXPECT_TRUE(eventually([&] { return output.Card().late >= 3; }));
+    std::this_thread::sleep_for(300ms);
+    EXPECT_EQ(output.Card().frames, 256);
+    EXPECT_EQ(output.Card().openings, 1);
+    voice.level = 0;
+    EXPECT_TRUE(eventually([&] { return output.Card().openings >= 2; }));
+    EXPECT_GE(output.Card().frames, 512);
+    output.Detach(voice);
+    unsetenv("SDL_AUDIODRIVER");
+}
 
 }  // namespace
 }  // namespace tamlo
