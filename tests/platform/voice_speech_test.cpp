@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <thread>
@@ -502,6 +503,20 @@ TEST(EspeakLibrary, ServesOneAtATime) {
     EXPECT_GT(first.CreateEngine()->GetVoicesCount(), 0);
     VoiceSpeech second;
     EXPECT_EQ(second.CreateEngine()->GetVoicesCount(), 0);
+}
+
+TEST(EspeakLibraryDeathTest, WithoutItsDataThereAreNoVoices) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto folder = std::filesystem::path(testing::TempDir()) / "no_voice_data";
+    std::filesystem::create_directories(folder / "espeak-ng-data");
+    auto speak_without_data = [&] {
+        setenv("ESPEAK_DATA_PATH", folder.c_str(), 1);
+        VoiceSpeech voice;
+        auto engine = voice.CreateEngine();
+        engine->Speak("nobody hears this", SpeakFlags::wait);
+        std::exit(engine->GetVoicesCount());
+    };
+    EXPECT_EXIT(speak_without_data(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -134,17 +134,21 @@ std::optional<Reading> ReadTime(std::string_view text, std::size_t i) {
     return Reading{std::move(words), end};
 }
 
+/// Bytes of the UTF-8 character that begins with this byte, 0 if none does.
+std::size_t LengthFromFirstByte(unsigned first) {
+    if (first < 0x80) return 1;
+    if (first < 0xC2) return 0;
+    if (first < 0xE0) return 2;
+    if (first < 0xF0) return 3;
+    return first < 0xF5 ? 4 : 0;
+}
+
 /// Length of the well-formed UTF-8 character at the start of `text`, 0 if there is none; `code`
 /// is its code point.
 std::size_t TakeCharacter(std::string_view text, char32_t& code) {
     auto byte = [&](std::size_t i) { return static_cast<unsigned char>(At(text, i)); };
-    unsigned first = byte(0);
-    std::size_t length = first < 0x80   ? 1
-                         : first < 0xC2 ? 0
-                         : first < 0xE0 ? 2
-                         : first < 0xF0 ? 3
-                         : first < 0xF5 ? 4
-                                        : 0;
+    const unsigned first = byte(0);
+    const std::size_t length = LengthFromFirstByte(first);
     if (length == 0 || length > text.size()) return 0;
     code = length == 1 ? first : first & (0x7Fu >> length);
     for (std::size_t i = 1; i < length; ++i) {
