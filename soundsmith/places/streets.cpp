@@ -38,8 +38,8 @@ Sound PassingCar(int rate, double speed, double distance, double wet, Chance& ch
     const double seconds = 6.0;
     const Sound blank = Silence(rate, seconds);
     Sound car = RunEngine(kSmallCarEngine, blank, chance.Between(16, 26), 0.8, chance);
-    Gain(car, 0.5);
-    MixAt(car, NoiseBand(blank, 250, 1800, chance), 0.0, 0.9);
+    Gain(car, 0.9);
+    MixAt(car, NoiseBand(blank, 250, 1800, chance), 0.0, 0.6);
     if (wet > 0.0) MixAt(car, NoiseBand(blank, 1500, 9000, chance), 0.0, 1.3 * wet);
     Sound passing = Passing(car, {0.5 * seconds, speed, distance}, seconds);
     Shape(passing, {{0.0, 0.0}, {1.0, 1.0}, {seconds - 1.0, 1.0}, {seconds, 0.0}});

@@ -104,7 +104,7 @@ Sound Motorbike(Brief brief) {
     std::vector<Curve::Point> revs, level;
     const double turn = 2.0 * std::numbers::pi / brief.seconds;
     for (double t = 0.0; t <= brief.seconds + 0.001; t += 0.05) {
-        revs.push_back({t, 17.5 + 1.6 * std::sin(turn * t) + 0.8 * std::sin(turn * 5 * t + 1.0) +
+        revs.push_back({t, 18.1 + 1.6 * std::sin(turn * t) + 0.8 * std::sin(turn * 5 * t + 1.0) +
                                0.5 * std::sin(turn * 11 * t + 2.0)});
         level.push_back(
             {t, 0.8 + 0.15 * std::sin(turn * 2 * t + 0.7) + 0.08 * std::sin(turn * 7 * t)});

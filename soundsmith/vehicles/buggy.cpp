@@ -1,5 +1,9 @@
 // The dune buggy: an air-cooled flat four with open pipes, uneven and clattering.
+#include <cmath>
+#include <vector>
+
 #include "vehicles.h"
+#include "vocabulary/sources.h"
 
 namespace tamlo::soundsmith {
 
@@ -8,13 +12,14 @@ namespace {
 constexpr double kIdle = 28.0 / 4.0;  // cycles of four firings a second
 constexpr double kIdleLevel = 0.17;
 constexpr double kIdleLoad = 0.5;
-constexpr double kIdleBright = 2400;
+constexpr double kFan = 0.0025;  // level of the cooling fan, for each cycle a second
+constexpr double kIdleBright = 3200;
 
 const EngineKind kBuggy{
     .cycle = {{0.0, 1.0}, {0.26, 0.72}, {0.5, 0.92}, {0.765, 0.6}},
     .pulse = 0.0008,
     .uneven = 0.3,
-    .exhaust = {{105, 1.6, 1.0}, {235, 2.5, 1.0}, {470, 3.0, 0.7}, {820, 4, 0.7}, {1500, 5, 0.45}},
+    .exhaust = {{150, 2.0, 0.8}, {320, 2.5, 1.0}, {640, 3.0, 1.1}, {1150, 4, 0.9}, {2100, 5, 0.5}},
     .direct = 0.6,
     .gas = 0.9,
     .gas_low_hz = 250,
@@ -22,7 +27,7 @@ const EngineKind kBuggy{
     .clatter = 0.5,
     .clatter_hz = 3400,
     .drive = 2.2,
-    .high_pass_hz = 70,
+    .high_pass_hz = 110,
 };
 
 // Pulses a second to cycles: the curves below are drawn in what is heard.
@@ -30,10 +35,31 @@ constexpr double P(double pulses) {
     return pulses / 4.0;
 }
 
+// The fan that cools the cylinders: a whine that climbs and falls with the engine.
+void AddFan(Sound& engine, const Ride& ride) {
+    constexpr double kBlades = 56.0;
+    std::vector<Curve::Point> hz, level;
+    for (double t = 0.0; t <= engine.Seconds(); t += 0.02) {
+        // In a loop a whole number of waves, so that it joins.
+        const double waves = kBlades * ride.cycles(t) * engine.Seconds();
+        hz.push_back({t, (engine.loop ? std::round(waves) : waves) / engine.Seconds()});
+        level.push_back({t, (ride.load(t) > 0.0 ? 1.0 : 0.0) * ride.level(t) * ride.cycles(t)});
+    }
+    Sound whine = Tone(engine.rate, engine.Seconds(), Curve(hz), Harmonics({1.0, 0.5, 0.2}));
+    Shape(whine, Curve(level));
+    MixAt(engine, whine, 0.0, kFan);
+}
+
+Sound DriveBuggy(const Sound& like, const Ride& ride, Chance& chance) {
+    Sound buggy = DriveEngine(kBuggy, like, ride, chance);
+    AddFan(buggy, ride);
+    return buggy;
+}
+
 }  // namespace
 
 Sound BuggyIdle(Brief brief) {
-    return DriveEngine(kBuggy, brief.Blank(), {kIdle, kIdleLoad, kIdleBright, 1.0}, brief.chance);
+    return DriveBuggy(brief.Blank(), {kIdle, kIdleLoad, kIdleBright, 1.0}, brief.chance);
 }
 
 Sound BuggyStart(Brief brief) {
@@ -59,7 +85,7 @@ Sound BuggyStart(Brief brief) {
         .level =
             {{0.0, 0.6}, {0.9, 0.9}, {1.1, 1.0}, {1.6, 0.8}, {2.3, 0.3}, {2.75, 1.5 * kIdleLevel}},
     };
-    MixAt(start, DriveEngine(kBuggy, start, ride, brief.chance), 0.0);
+    MixAt(start, DriveBuggy(start, ride, brief.chance), 0.0);
     return start;
 }
 
@@ -108,7 +134,7 @@ Sound BuggyPullsAway(Brief brief) {
                       {5.75, kIdleBright}},
         .level = {{0.0, 0.3}, {0.25, 0.9}, {4.3, 1.0}, {4.9, 0.75}, {5.2, 0.4}, {5.65, kIdleLevel}},
     };
-    return DriveEngine(kBuggy, brief.Blank(), ride, brief.chance);
+    return DriveBuggy(brief.Blank(), ride, brief.chance);
 }
 
 }  // namespace tamlo::soundsmith

@@ -16,7 +16,7 @@ const EngineKind kScooter{
     .cycle = EvenFirings({1.0}),
     .pulse = 0.0007,
     .uneven = 0.5,
-    .exhaust = {{190, 2.0, 0.5}, {430, 3.5, 1.0}, {900, 5, 0.9}, {1650, 6, 0.6}, {2350, 7, 0.35}},
+    .exhaust = {{300, 3, 0.5}, {640, 4, 1.0}, {1300, 6, 1.1}, {2150, 7, 0.9}, {3200, 8, 0.5}},
     .direct = 0.35,
     .gas = 0.5,
     .gas_low_hz = 700,
@@ -24,7 +24,7 @@ const EngineKind kScooter{
     .clatter = 0.25,
     .clatter_hz = 2900,
     .drive = 1.6,
-    .high_pass_hz = 140,
+    .high_pass_hz = 220,
 };
 
 // The kick lever runs down its ratchet and turns the engine over with a wheeze.
