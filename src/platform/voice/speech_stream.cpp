@@ -95,8 +95,8 @@ void SpeechStream::AddTail(float* stereo, int frames) noexcept {
     int count = std::min(frames, tail_left_);
     const float* sample = tail_.data() + (tail_frames - tail_left_);
     for (int i = 0; i < count; ++i) {
-        stereo[2 * i] += sample[i];
-        stereo[2 * i + 1] += sample[i];
+        *stereo++ += sample[i];
+        *stereo++ += sample[i];
     }
     tail_left_ -= count;
 }
@@ -107,8 +107,8 @@ void SpeechStream::AddSamples(float* stereo, int frames, std::uint64_t from) noe
         gain_ = gain_ < target ? std::min(gain_ + gain_step, target)
                                : std::max(gain_ - gain_step, target);
         float sample = ring_[Slot(from + static_cast<std::uint64_t>(i))] * gain_;
-        stereo[2 * i] += sample;
-        stereo[2 * i + 1] += sample;
+        *stereo++ += sample;
+        *stereo++ += sample;
     }
 }
 
