@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 #include "platform/system/disk_files.h"
-#include "platform/temporary_folder.h"
+#include "temporary_folder.h"
 
 namespace tamlo {
 namespace {

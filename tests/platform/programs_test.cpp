@@ -8,7 +8,7 @@
 
 #include "platform/system/programs.h"
 #include "platform/system/system_desktop.h"
-#include "platform/temporary_folder.h"
+#include "temporary_folder.h"
 
 namespace tamlo {
 namespace {

@@ -12,7 +12,7 @@
 
 #include "platform/end_of_process.h"
 #include "platform/system/system_clock.h"
-#include "platform/temporary_folder.h"
+#include "temporary_folder.h"
 #include "platform/terminal/printed_speech.h"
 #include "platform/terminal/terminal_events.h"
 #include "platform/terminal/terminal_front_end.h"

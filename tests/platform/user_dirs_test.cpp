@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/system/user_dirs.h"
-#include "platform/temporary_folder.h"
+#include "temporary_folder.h"
 
 namespace tamlo {
 namespace {

@@ -1,4 +1,4 @@
-// A fresh folder for one test, removed behind it.
+// A fresh folder for one test, removed behind it with everything in it.
 #pragma once
 
 #include <stdlib.h>
@@ -6,7 +6,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace tamlo {
 
@@ -14,7 +16,8 @@ class TemporaryFolder {
   public:
     TemporaryFolder() {
         std::string pattern = (std::filesystem::temp_directory_path() / "tamlo-XXXXXX").string();
-        path_ = ::mkdtemp(pattern.data());
+        if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+        path_ = pattern;
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -26,13 +29,18 @@ class TemporaryFolder {
     const std::string& Path() const { return path_; }
     std::string operator/(const std::string& name) const { return path_ + "/" + name; }
 
-    void Write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(*this / name, std::ios::binary) << bytes;
+    /// Writes a file below the folder, with the folders that lead to it.
+    void Write(const std::string& name, std::string_view bytes) const {
+        const std::filesystem::path file = *this / name;
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary) << bytes;
     }
+    /// The whole file; empty if there is none.
     std::string Content(const std::string& name) const {
         std::ifstream file(*this / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
+    bool Has(const std::string& name) const { return std::filesystem::exists(*this / name); }
     /// How many entries the folder has, hidden ones and folders included.
     std::ptrdiff_t Entries() const {
         return std::distance(std::filesystem::directory_iterator(path_), {});

@@ -1,0 +1,22 @@
+// The words of one line of a script.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamlo {
+
+struct WordsOrError {
+    std::vector<std::string> words;
+    std::string error;  ///< empty if the line could be read
+};
+
+/// Splits a line at blanks and tabs. A word in double quotes may hold blanks, with `\"` and `\\`
+/// for the characters themselves.
+WordsOrError SplitWords(std::string_view line);
+
+/// The text in double quotes, with `\"`, `\\`, `\r` and `\n` escaped, as traces show it.
+std::string Quoted(std::string_view text);
+
+}  // namespace tamlo

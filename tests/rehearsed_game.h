@@ -1,0 +1,77 @@
+// The real game on the rehearsal platform, for tests that read like a page of play.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "game/form1.h"
+#include "game/game_fields.h"
+#include "performance.h"
+#include "platform/rehearsal/rehearsal.h"
+#include "platform/system/disk_files.h"
+#include "temporary_folder.h"
+
+namespace tamlo {
+
+/// Where a game is rehearsed: its Documents folder lives on from one run to the next.
+class RehearsedGame {
+  public:
+    /// What a test may do at rest behind the script's last step: give more steps, or none.
+    using Improviser = std::function<std::vector<Step>(const GameState& gs)>;
+
+    /// Runs the game once with a script.
+    Performance Run(std::string_view script_text, const Improviser& improviser = {}) {
+        Performance performance;
+        RunTo(performance, Parse(script_text), improviser);
+        performance.lines = TraceLines(performance.trace);
+        return performance;
+    }
+
+    /// From the main menu through the whole of a first visit: the orders are read and the car
+    /// stands at the departure menu.
+    Performance RunTrip(std::string_view script_text) {
+        return Run("press enter\n" + std::string(script_text));
+    }
+
+    void Write(const std::string& name, std::string_view bytes) const {
+        documents.Write("tolvane/" + name, bytes);
+    }
+    std::string Content(const std::string& name) const {
+        return documents.Content("tolvane/" + name);
+    }
+    bool Has(const std::string& name) const { return documents.Has("tolvane/" + name); }
+
+    TemporaryFolder documents;
+    DiskFiles disk;
+    Files* files = &disk;                ///< a test may put a faulty disk in between
+    std::string sounds = TAMLO_SOUNDS;   ///< the set built with the project
+    std::string current_directory = sounds;
+
+  private:
+    static Script Parse(std::string_view text) {
+        auto script = ReadScript(text, {WhyNotSet, WhyNotShow});
+        if (const auto* error = std::get_if<ScriptError>(&script)) {
+            throw std::runtime_error("line " + std::to_string(error->line) + ": " + error->what);
+        }
+        return std::get<Script>(std::move(script));
+    }
+
+    void RunTo(Performance& performance, Script script, const Improviser& improviser) {
+        Rehearsal rehearsal(std::move(script), {documents.Path(), sounds, current_directory}, *files,
+                            [&](std::string_view lines) { performance.trace += lines; });
+        Form1 game(rehearsal.Services());
+        if (improviser) rehearsal.Improvise([&] { return improviser(game.gs); });
+        const FieldAccess fields{
+            [&game](std::string_view field, std::string_view value) {
+                SetField(game.gs, field, value);
+            },
+            [&game](std::string_view field) { return ShowField(game.gs, field); }};
+        const RehearsalResult result = rehearsal.Run([&game] { game.Form_Load(); }, fields);
+        performance.exit_status = result.exit_status;
+        performance.message = result.message;
+    }
+};
+
+}  // namespace tamlo
