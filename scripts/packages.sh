@@ -2,11 +2,11 @@
 # The Debian packages that the project needs; read by scripts/common.sh.
 
 # To build anything at all: one configuration serves the game, its tools and its tests.
-build_packages="g++ cmake make pkg-config libsdl2-dev libsdl2-ttf-dev libx11-dev libespeak-ng-dev
+build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libespeak-ng-dev
     flite1-dev libpng-dev libgtest-dev libgmock-dev libbenchmark-dev"
 
 # To play what has been built.
 play_packages="espeak-ng-data fonts-dejavu-core"
 
 # Without these some tests are skipped, and say so.
-test_packages="xvfb xdotool pulseaudio pulseaudio-utils python3 python3-numpy tmux procps"
+test_packages="xvfb xdotool pulseaudio pulseaudio-utils python3-numpy tmux procps"

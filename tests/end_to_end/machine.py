@@ -1,0 +1,200 @@
+"""A machine of our own for a test: a display, a sound server, and programs that run on them.
+
+Everything lives in a temporary folder and on free numbers, so that tests can run side by side,
+and ends with the test.
+"""
+
+import os
+import queue
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import unittest
+
+PATIENCE = 60  # seconds until a busy machine counts as broken
+
+
+def need(*tools):
+    """Skips the test when one of the tools is not installed."""
+    for tool in tools:
+        if shutil.which(tool) is None:
+            raise unittest.SkipTest(f"{tool} is not installed")
+
+
+def wait_until(condition, what, patience=PATIENCE):
+    end = time.monotonic() + patience
+    while not condition():
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {patience} s in vain for {what}")
+        time.sleep(0.02)
+
+
+def stop(process):
+    if process.poll() is None:
+        process.kill()
+    process.wait()
+    for stream in (process.stdin, process.stdout, process.stderr):
+        if stream:
+            stream.close()
+
+
+class Display:
+    """An X display without a window manager, and the keyboard of it."""
+
+    KEYCODES = {"Shift_R": "62", "KP_1": "87", "KP_Enter": "104"}  # for xdotool: no extra presses
+
+    def __init__(self):
+        need("Xvfb", "xdotool")
+        read, write = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1024x768x24", "-nolisten", "tcp"],
+            pass_fds=[write], stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as numbers:
+            self.name = ":" + numbers.readline().strip()
+        self.environment = {"DISPLAY": self.name}
+
+    def xdotool(self, *arguments):
+        environment = dict(os.environ, **self.environment)
+        return subprocess.run(["xdotool", *arguments], env=environment, timeout=PATIENCE,
+                              capture_output=True, text=True)
+
+    def press(self, *keys):
+        """Presses keys, given by their X names; returns the time just before the first."""
+        before = time.monotonic()
+        for key in keys:
+            self.xdotool("key", "--delay", "0", self.KEYCODES.get(key, key))
+        return before
+
+    def close(self):
+        stop(self.server)
+
+
+class SoundServer:
+    """A PulseAudio server whose only sink leads nowhere, and a recording of all it plays."""
+
+    RATE = 48000
+
+    def __init__(self, folder):
+        need("pulseaudio", "pactl", "parec")
+        self.folder = os.path.join(folder, "pulse")
+        os.mkdir(self.folder, 0o700)
+        socket = os.path.join(self.folder, "native")
+        self.environment = {"PULSE_SERVER": "unix:" + socket, "SDL_AUDIODRIVER": "pulseaudio",
+                            "PULSE_COOKIE": os.path.join(self.folder, "cookie")}
+        own = dict(os.environ, HOME=self.folder, PULSE_RUNTIME_PATH=self.folder,
+                   PULSE_STATE_PATH=self.folder, XDG_RUNTIME_DIR=self.folder)
+        own.pop("DISPLAY", None)
+        self.server = subprocess.Popen(
+            ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+             "--disable-shm=yes", "--high-priority=no", "--realtime=no",
+             "-L", f"module-native-protocol-unix auth-anonymous=1 socket={socket}",
+             "-L", f"module-null-sink sink_name=null rate={self.RATE}"],
+            env=own, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        client = dict(os.environ, **self.environment)
+        wait_until(lambda: subprocess.run(["pactl", "list", "sinks"], env=client,
+                                          capture_output=True).stdout.find(b"null") >= 0,
+                   "the sound server")
+        # A null sink that nobody reads renders seconds ahead.
+        self.recorder = subprocess.Popen(
+            ["parec", "--latency-msec=5", "-d", "null.monitor", "--format=float32le",
+             f"--rate={self.RATE}", "--channels=1"], env=client, stdout=subprocess.PIPE)
+        self.blocks = []  # (time of arrival, loudness), for each piece of 10 ms or so
+        self.thread = threading.Thread(target=self._record, daemon=True)
+        self.thread.start()
+        wait_until(lambda: self.blocks, "the recording")
+
+    def _record(self):
+        import numpy
+        while block := self.recorder.stdout.read1(1 << 16):
+            samples = numpy.frombuffer(block[:len(block) // 4 * 4], dtype="<f4")
+            if len(samples):
+                self.blocks.append((time.monotonic(), float(numpy.abs(samples).max())))
+
+    def heard(self, since, until=None):
+        """Whether anything sounded in a span of time."""
+        until = until or time.monotonic()
+        return any(loud > 0.003 for when, loud in list(self.blocks) if since <= when <= until)
+
+    def silent_for(self, seconds):
+        now = time.monotonic()
+        return not self.heard(now - seconds, now)
+
+    def close(self):
+        stop(self.recorder)
+        stop(self.server)
+
+
+class Program:
+    """A running program and the lines it prints, each with the time of its arrival."""
+
+    def __init__(self, command, folder, environment=None, **options):
+        surroundings = {name: value for name, value in os.environ.items()
+                        if not name.startswith(("XDG_", "SDL_", "PULSE_"))
+                        and name not in ("DISPLAY", "WAYLAND_DISPLAY")}
+        surroundings.update(HOME=folder, XDG_RUNTIME_DIR=folder)
+        surroundings.update(environment or {})
+        options.setdefault("stdin", subprocess.DEVNULL)
+        self.begin = time.monotonic()
+        self.process = subprocess.Popen(command, env=surroundings, stdout=subprocess.PIPE,
+                                        stderr=subprocess.STDOUT, text=True, bufsize=1, **options)
+        self.arriving = queue.Queue()
+        self.lines = []
+        threading.Thread(target=self._read, daemon=True).start()
+
+    def _read(self):
+        for line in self.process.stdout:
+            self.lines.append(line.rstrip("\n"))
+            self.arriving.put((time.monotonic(), line.rstrip("\n")))
+
+    def line(self, text, patience=PATIENCE):
+        """Waits for the next line that contains the text; returns the time it came."""
+        end = time.monotonic() + patience
+        while True:
+            try:
+                when, line = self.arriving.get(timeout=max(0.01, end - time.monotonic()))
+            except queue.Empty:
+                raise AssertionError(f"no line with {text!r}; there were {self.lines}") from None
+            if text in line:
+                return when
+
+    def cpu_seconds(self):
+        with open(f"/proc/{self.process.pid}/stat", encoding="ascii") as file:
+            fields = file.read().rpartition(")")[2].split()
+        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+    def ended(self, patience=PATIENCE):
+        """Waits for the end; returns the exit status."""
+        try:
+            return self.process.wait(patience)
+        except subprocess.TimeoutExpired:
+            raise AssertionError(f"still running after {patience} s; {self.lines}") from None
+
+    def close(self):
+        stop(self.process)
+
+
+class Case(unittest.TestCase):
+    """A test with a folder of its own; what it `owns` is closed at its end."""
+
+    def setUp(self):
+        self.folder = tempfile.mkdtemp(prefix="tamlo-")
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+
+    def own(self, thing):
+        self.addCleanup(thing.close)
+        return thing
+
+
+def main():
+    """Runs the tests of the calling script; exit status 77 when every one was skipped."""
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+    run = unittest.main(exit=False, argv=[sys.argv[0], "-v"])
+    result = run.result
+    if not result.wasSuccessful() or result.testsRun == 0:
+        sys.exit(1)
+    sys.exit(77 if len(result.skipped) == result.testsRun else 0)
