@@ -16,16 +16,17 @@ class Curve {
         double value;
     };
 
-    Curve(double constant) : points_{{0.0, constant}} {}  // NOLINT: a number is a flat curve
+    // Points stand in the order of their times.
+    Curve(double constant) : points_{{0.0, constant}} {}  // a number is a flat curve
     Curve(std::initializer_list<Point> points) : points_(points) {}
     explicit Curve(std::vector<Point> points) : points_(std::move(points)) {}
 
     // On the straight line between the two nearest points; level before the first and after the
     // last.
     double operator()(double seconds) const {
-        const auto after = std::find_if(points_.begin(), points_.end(), [&](const Point& point) {
-            return point.seconds > seconds;
-        });
+        const auto after =
+            std::upper_bound(points_.begin(), points_.end(), seconds,
+                             [](double time, const Point& point) { return time < point.seconds; });
         if (after == points_.begin()) return points_.front().value;
         if (after == points_.end()) return points_.back().value;
         const Point& before = *(after - 1);

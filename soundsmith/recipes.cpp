@@ -42,10 +42,6 @@ Found Find(std::string_view name) {
 
 }  // namespace
 
-bool HasRecipe(const Effect& effect) {
-    return Find(effect.name).make != nullptr;
-}
-
 Recipe RecipeFor(const Effect& effect) {
     const Found found = Find(effect.name);
     if (found.make == nullptr) throw std::runtime_error("there is no recipe for it");

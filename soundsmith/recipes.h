@@ -47,7 +47,6 @@ std::span<const RecipeEntry> VehicleRecipes();
 
 // Throws std::runtime_error when the effect has no recipe.
 Recipe RecipeFor(const Effect& effect);
-bool HasRecipe(const Effect& effect);
 
 // The folder of the effect's recipe, as a heading for people.
 std::string_view ThemeOf(const Effect& effect);

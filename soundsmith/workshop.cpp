@@ -104,7 +104,7 @@ SetResult Workshop::MakeSet(const Progress& progress) {
     SetResult result;
     std::vector<const Effect*> due;
     for (const Effect& effect : Effects()) {
-        if (!HasRecipe(effect) || stamps.IsCurrent(effect)) continue;
+        if (stamps.IsCurrent(effect)) continue;
         if (other_.empty() || !others.IsCurrent(effect)) {
             due.push_back(&effect);
             continue;
