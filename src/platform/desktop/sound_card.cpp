@@ -125,8 +125,10 @@ bool SoundCard::Keeper::OpenWith(const std::string& driver) {
     blocks_ = 0;
     silent_watches_ = 0;
     last_block_ = counted_from_ = Clock::now() + settling_time;
-    const bool any_device = SDL_GetNumAudioDevices(0) != 0;
-    device_ = any_device ? SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0) : 0;
+    // A PipeWire server without a sink, as it runs for screen sharing only, never finishes opening.
+    const bool no_sink =
+        SDL_GetCurrentAudioDriver() == std::string("pipewire") && SDL_GetNumAudioDevices(0) == 0;
+    device_ = no_sink ? 0 : SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     if (device_ == 0) {
         SDL_AudioQuit();
         return false;
