@@ -12,9 +12,9 @@ namespace {
 constexpr double lowest_pitch = 60.0;
 constexpr double highest_pitch = 420.0;
 constexpr double step_seconds = 0.01;
-constexpr double loud_within = 25.0;    // dB of the loudest step
-constexpr double voiced_above = 0.6;    // likeness of one period to the next, 0 to 1
-constexpr double movement_span = 0.06;  // seconds
+constexpr double loud_within = 25.0;   // dB of the loudest step
+constexpr double voiced_above = 0.6;   // likeness of one period to the next, 0 to 1
+constexpr double movement_span = 0.1;  // seconds
 constexpr std::size_t colour_size = 1024;
 
 double Bend(const Sound& sound, std::size_t at) {
@@ -122,14 +122,15 @@ VoiceMeasures MeasureVoice(const Sound& sound) {
     if (steps.empty()) return voice;
     voice.pitch = Median(pitches);
     voice.voiced = static_cast<double>(pitches.size()) / static_cast<double>(steps.size());
-    voice.movement = Median(movements);
+    for (const double movement : movements)
+        voice.movement += movement / static_cast<double>(movements.size());
     voice.colour = ColourOf(powers, sound.rate);
     return voice;
 }
 
 bool IsSpeech(const VoiceMeasures& voice) {
     const bool has_voice = voice.pitch > 60.0 && voice.pitch < 340.0 && voice.voiced > 0.5;
-    return has_voice && voice.movement > 6.3;
+    return has_voice && voice.movement > 8.7;
 }
 
 }  // namespace tamlo::soundsmith

@@ -21,7 +21,7 @@ double SeamRoughness(const Sound& sound);
 struct VoiceMeasures {
     double pitch;     // hertz, the median of where there is one; 0 when there is none
     double voiced;    // share of the loud 10 ms steps that have a pitch, 0 to 1
-    double movement;  // how far the colour moves within 60 ms, in decibels
+    double movement;  // how far the colour moves within 0.1 s, in decibels
     Bands colour;     // of the whole sound
 };
 

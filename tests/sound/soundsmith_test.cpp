@@ -10,12 +10,12 @@
 #include "chance.h"
 #include "customers/speak.h"
 #include "loudness.h"
-#include "platform/temporary_folder.h"
 #include "recipes.h"
 #include "report/measures.h"
 #include "report/report.h"
 #include "report/wave_reader.h"
 #include "sound/wave_inspection.h"
+#include "temporary_folder.h"
 #include "wave_writer.h"
 #include "workshop.h"
 
