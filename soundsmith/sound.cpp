@@ -65,9 +65,15 @@ Sound Silence(int rate, double seconds) {
 
 void MixAt(Sound& onto, const Sound& what, double at_seconds, double gain) {
     if (onto.rate != what.rate) throw std::logic_error("mixing sounds of different rates");
-    const Index start = static_cast<Index>(std::lround(at_seconds * onto.rate));
-    for (Index i = 0; i < Size(what); ++i)
-        AddSample(onto, start + i, gain * what.samples[static_cast<std::size_t>(i)]);
+    const Index size = Size(onto);
+    if (size == 0) return;
+    Index place = static_cast<Index>(std::lround(at_seconds * onto.rate));
+    if (onto.loop) place = ((place % size) + size) % size;
+    for (const double sample : what.samples) {
+        if (place >= 0 && place < size)
+            onto.samples[static_cast<std::size_t>(place)] += gain * sample;
+        if (++place == size && onto.loop) place = 0;
+    }
 }
 
 void AddImpulse(Sound& onto, double at_seconds, double value) {

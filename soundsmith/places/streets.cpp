@@ -65,7 +65,7 @@ void AddLeaves(Sound& onto, const Curve& wind, Chance& chance) {
 // A drop into a puddle: a bubble whose pitch rises as it closes.
 Sound Plop(int rate, Chance& chance) {
     const double hz = chance.Between(700, 1900);
-    Sound plop = Tone(rate, 0.07, {{0.0, hz}, {0.07, hz * 1.5}}, Harmonics({1.0, 0.1}));
+    Sound plop = Tone(rate, 0.07, {{0.0, hz}, {0.07, hz * 1.5}}, {1.0, 0.1});
     Shape(plop, {{0.0, 0.0}, {0.003, 1.0}, {0.02, 0.4}, {0.07, 0.0}});
     return plop;
 }
@@ -95,8 +95,7 @@ Sound QuietSuburb(Brief brief) {
     // Two doves, and a car that goes by a street away.
     for (const double at : {2.9, 7.9})
         for (const double coo : {0.0, 0.42, 0.95}) {
-            Sound dove = Tone(brief.rate, 0.34, {{0.0, 480}, {0.12, 540}, {0.34, 500}},
-                              Harmonics({1.0, 0.1}));
+            Sound dove = Tone(brief.rate, 0.34, {{0.0, 480}, {0.12, 540}, {0.34, 500}}, {1.0, 0.1});
             Shape(dove, {{0.0, 0.0}, {0.1, 1.0}, {0.2, 0.8}, {0.34, 0.0}});
             MixAt(street, dove, at + coo, 0.13);
         }

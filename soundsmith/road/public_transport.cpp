@@ -43,7 +43,7 @@ Sound CityBus(Brief brief) {
     MovingLowPass(engine, {{0.0, 900}, {4.5, 5000}, {12.0, 5000}, {15.0, 1600}, {17.2, 700}});
     MixAt(bus, engine, 0.0);
 
-    Sound squeal = Tone(brief.rate, 1.3, {{0.0, 1750}, {1.3, 1330}}, Harmonics({1.0, 0.4, 0.2}));
+    Sound squeal = Tone(brief.rate, 1.3, {{0.0, 1750}, {1.3, 1330}}, {1.0, 0.4, 0.2});
     MixAt(squeal, NoiseBand(squeal, 1000, 3500, brief.chance), 0.0, 0.3);
     Shape(squeal, {{0.0, 0.0}, {0.8, 1.0}, {1.25, 0.8}, {1.3, 0.0}});
     MixAt(bus, squeal, 4.7, 0.1);
@@ -51,7 +51,7 @@ Sound CityBus(Brief brief) {
     MixAt(bus, FoldingDoors(brief.rate, brief.chance), 6.7, 0.8);
     AddWalk(bus, HeavyShoe(), {4, 7.7, 0.4, 0.5, 0.35}, brief.chance);
     for (int beep = 0; beep < 4; ++beep) {
-        Sound tone = Tone(brief.rate, 0.16, 1568, Harmonics({1.0, 0.1, 0.25}));
+        Sound tone = Tone(brief.rate, 0.16, 1568, {1.0, 0.1, 0.25});
         FadeIn(tone, 0.005);
         FadeOut(tone, 0.01);
         MixAt(bus, tone, 9.15 + 0.32 * beep, 0.1);
@@ -69,7 +69,7 @@ Sound Tram(Brief brief) {
     const auto whole = [&](double hz) { return std::round(hz * brief.seconds) / brief.seconds; };
     for (const auto& [hz, level] :
          {std::pair{156.0, 1.0}, {312.0, 0.8}, {497.0, 0.5}, {780.0, 0.35}, {1170.0, 0.2}})
-        MixAt(tram, Tone(brief.rate, brief.seconds, whole(hz), Harmonics({1.0, 0.3, 0.15})), 0.0,
+        MixAt(tram, Tone(brief.rate, brief.seconds, whole(hz), {1.0, 0.3, 0.15}), 0.0,
               0.16 * level);
     Sound roll = NoiseBand(tram, 90, 900, brief.chance);
     MixAt(tram, roll, 0.0, 0.35);

@@ -80,7 +80,7 @@ Sound FreightTrain(Brief brief) {
     MixAt(rumble, NoiseBand(blank, 400, 3200, brief.chance), 0.0, 0.3);
     Shape(rumble, {{0.0, 0.05}, {3.5, 0.25}, {near, 1.0}, {12.0, 0.85}, {14.1, 0.05}});
     MixAt(train, rumble, 0.0, 1.3);
-    Sound flange = Tone(brief.rate, 2.6, Vibrato(2750, 0.006, 3.1, 2.6), Harmonics({1.0, 0.4}));
+    Sound flange = Tone(brief.rate, 2.6, Vibrato(2750, 0.006, 3.1, 2.6), {1.0, 0.4});
     Shape(flange, {{0.0, 0.0}, {0.6, 1.0}, {1.3, 0.3}, {1.9, 0.8}, {2.6, 0.0}});
     MixAt(train, flange, 8.2, 0.07);
     AddRoom(train, kStreet);
@@ -93,7 +93,7 @@ Sound PassengerTrain(Brief brief) {
     const Sound blank = brief.Blank();
     // An electric unit: the whine of its drive over the roar of its air.
     Sound unit = Tone(brief.rate, brief.seconds, Vibrato(610, 0.004, 0.7, brief.seconds),
-                      Harmonics({0.5, 0.2, 0.3, 0.1, 0.15}));
+                      {0.5, 0.2, 0.3, 0.1, 0.15});
     MixAt(unit, NoiseBand(blank, 150, 5000, brief.chance), 0.0, 1.6);
     const Sound horn = BlowHorn(brief.rate, kPassengerHorn, {{0.2, 0.7}, {1.05, 0.9}, {2.9, 0.8}},
                                 brief.seconds, brief.chance);

@@ -67,7 +67,7 @@ Sound Trolley(Brief brief) {
     MixAt(trolley, Roll(trolley, 350, 2600, 11, brief.chance), 0.0, 0.3);
     for (const double at : {0.42, 1.31}) {  // one wheel wants oil
         Sound squeak = Tone(brief.rate, 0.3, {{0.0, 2050}, {0.08, 2480}, {0.2, 2350}, {0.3, 1900}},
-                            Harmonics({1.0, 0.45, 0.3, 0.12}));
+                            {1.0, 0.45, 0.3, 0.12});
         Shape(squeak, {{0.0, 0.0}, {0.05, 0.7}, {0.2, 1.0}, {0.3, 0.0}});
         MixAt(trolley, squeak, at, 0.32);
     }

@@ -45,7 +45,7 @@ void AddFan(Sound& engine, const Ride& ride) {
         hz.push_back({t, (engine.loop ? std::round(waves) : waves) / engine.Seconds()});
         level.push_back({t, (ride.load(t) > 0.0 ? 1.0 : 0.0) * ride.level(t) * ride.cycles(t)});
     }
-    Sound whine = Tone(engine.rate, engine.Seconds(), Curve(hz), Harmonics({1.0, 0.5, 0.2}));
+    Sound whine = Tone(engine.rate, engine.Seconds(), Curve(hz), {1.0, 0.5, 0.2});
     Shape(whine, Curve(level));
     MixAt(engine, whine, 0.0, kFan);
 }

@@ -19,8 +19,7 @@ Sound BrakeSqueal(int rate, double seconds, Chance& chance) {
         std::vector<Curve::Point> pitch;
         for (double t = 0.0; t <= seconds; t += 0.03)
             pitch.push_back({t, hz * (1.0 - 0.22 * t / seconds) * chance.About(0.012)});
-        MixAt(squeal, Tone(rate, seconds, Curve(pitch), Harmonics({1.0, 0.35, 0.15})), 0.0,
-              1500.0 / hz);
+        MixAt(squeal, Tone(rate, seconds, Curve(pitch), {1.0, 0.35, 0.15}), 0.0, 1500.0 / hz);
     }
     Sound rub = NoiseBand(squeal, 1200, 4500, chance);
     MixAt(squeal, rub, 0.0, 0.5);

@@ -27,7 +27,7 @@ Sound Horn(int rate, const HornKind& kind, double seconds, Chance& chance) {
 }
 
 Sound Siren(int rate, double seconds, const Curve& hz) {
-    Sound source = Tone(rate, seconds, hz, Harmonics({1.0, 0.25, 0.5, 0.15, 0.3, 0.1, 0.2, 0.08}));
+    Sound source = Tone(rate, seconds, hz, {1.0, 0.25, 0.5, 0.15, 0.3, 0.1, 0.2, 0.08});
     Sound siren = Resonate(source, {{1100, 1.5, 1.0}, {2300, 2.0, 0.9}}, 0.35);
     NormalisePeak(siren);
     Saturate(siren, 1.5);

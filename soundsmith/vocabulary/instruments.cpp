@@ -84,7 +84,7 @@ Sound Tuba(int rate, double hz, double seconds, Chance& chance) {
 
 Sound Clarinet(int rate, double hz, double seconds, Chance& chance) {
     Sound note = Tone(rate, seconds, Vibrato(hz, 0.002, 5, seconds),
-                      Harmonics({1.0, 0.04, 0.55, 0.05, 0.3, 0.06, 0.16, 0.05, 0.08}));
+                      {1.0, 0.04, 0.55, 0.05, 0.3, 0.06, 0.16, 0.05, 0.08});
     MixAt(note, NoiseBurst(rate, 0.01, seconds, 1500, 3500, chance), 0.0, 0.03);
     Shape(note, {{0.0, 0.0}, {0.03, 0.9}, {0.1, 1.0}, {seconds - 0.04, 0.8}, {seconds, 0.0}});
     return note;
@@ -99,7 +99,7 @@ Sound MusicBox(int rate, double hz, double seconds, Chance& chance) {
 
 Sound BassDrum(int rate, Chance& chance) {
     const Curve pitch{{0.0, 130}, {0.05, 72}, {0.5, 62}};
-    Sound drum = Tone(rate, 0.5, pitch, Harmonics({1.0, 0.4, 0.15}));
+    Sound drum = Tone(rate, 0.5, pitch, {1.0, 0.4, 0.15});
     Shape(drum, {{0.0, 0.0}, {0.003, 1.0}, {0.12, 0.5}, {0.5, 0.0}});
     MixAt(drum, NoiseBurst(rate, 0.001, 0.05, 150, 1500, chance), 0.0, 0.9);
     return drum;

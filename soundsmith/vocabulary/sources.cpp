@@ -47,30 +47,33 @@ Sound NoiseBand(const Sound& like, double low_hz, double high_hz, Chance& chance
     return sound;
 }
 
-std::vector<Partial> Harmonics(std::initializer_list<double> levels) {
-    std::vector<Partial> partials;
-    for (const double level : levels)
-        partials.push_back({static_cast<double>(partials.size() + 1), level});
-    return partials;
-}
-
-std::vector<Partial> FallingHarmonics(int count, double decibels) {
-    std::vector<Partial> partials;
+Timbre FallingHarmonics(int count, double decibels) {
+    Timbre timbre;
     for (int i = 1; i <= count; ++i)
-        partials.push_back({static_cast<double>(i), FromDecibels(decibels * std::log2(i))});
-    return partials;
+        timbre.push_back(FromDecibels(decibels * std::log2(static_cast<double>(i))));
+    return timbre;
 }
 
-Sound Tone(int rate, double seconds, const Curve& hz, const std::vector<Partial>& partials) {
+Sound Tone(int rate, double seconds, const Curve& hz, const Timbre& timbre) {
     Sound sound = Silence(rate, seconds);
     double turns = 0.0;
     for (std::size_t i = 0; i < sound.samples.size(); ++i) {
         const double pitch = hz(static_cast<double>(i) / rate);
-        for (const Partial& partial : partials)
-            if (pitch * partial.ratio < 0.45 * rate)
-                sound.samples[i] +=
-                    partial.level * std::sin(2.0 * std::numbers::pi * turns * partial.ratio);
+        const double angle = 2.0 * std::numbers::pi * turns;
+        // Each harmonic's sine follows from the two below it, which saves most of the time.
+        const double twice_cosine = 2.0 * std::cos(angle);
+        double below = 0.0, sine = std::sin(angle), sum = 0.0, top = pitch;
+        for (const double level : timbre) {
+            if (top >= 0.45 * rate) break;
+            sum += level * sine;
+            const double above = twice_cosine * sine - below;
+            below = sine;
+            sine = above;
+            top += pitch;
+        }
+        sound.samples[i] = sum;
         turns += pitch / rate;
+        turns -= std::floor(turns);
     }
     return sound;
 }

@@ -87,7 +87,7 @@ Sound BirdPhrase(int rate, double hz, int notes, Chance& chance) {
         for (double t = 0.0; t <= length; t += 0.002)
             course.push_back({t, pitch * (1.0 + slope * t / length +
                                           swing * std::sin(2.0 * std::numbers::pi * warble * t))});
-        Sound whistle = Tone(rate, length, Curve(course), Harmonics({1.0, 0.08, 0.02}));
+        Sound whistle = Tone(rate, length, Curve(course), {1.0, 0.08, 0.02});
         for (std::size_t i = 0; i < whistle.samples.size(); ++i)
             whistle.samples[i] *= Hill(static_cast<double>(i) / rate, length);
         Sound gap = Silence(rate, chance.Between(0.03, 0.12));
