@@ -4,6 +4,7 @@ Everything lives in a temporary folder and on free numbers, so that tests can ru
 and ends with the test.
 """
 
+import array
 import os
 import queue
 import shutil
@@ -14,6 +15,10 @@ import tempfile
 import threading
 import time
 import unittest
+
+# Neither a sound server nor a card, whatever the machine has.
+NO_SOUND = {"PULSE_SERVER": "unix:/nonexistent", "PIPEWIRE_REMOTE": "nonexistent",
+            "ALSA_CONFIG_PATH": "/dev/null"}
 
 PATIENCE = 60  # seconds until a busy machine counts as broken
 
@@ -109,16 +114,23 @@ class SoundServer:
         wait_until(lambda: self.blocks, "the recording")
 
     def _record(self):
-        import numpy
+        rest = b""
         while block := self.recorder.stdout.read1(1 << 16):
-            samples = numpy.frombuffer(block[:len(block) // 4 * 4], dtype="<f4")
-            if len(samples):
-                self.blocks.append((time.monotonic(), float(numpy.abs(samples).max())))
+            block = rest + block
+            whole = len(block) // 4 * 4
+            samples, rest = array.array("f", block[:whole]), block[whole:]
+            if samples:
+                self.blocks.append((time.monotonic(), max(max(samples), -min(samples))))
 
     def heard(self, since, until=None):
         """Whether anything sounded in a span of time."""
         until = until or time.monotonic()
         return any(loud > 0.003 for when, loud in list(self.blocks) if since <= when <= until)
+
+    def first_sound(self, since):
+        """When something first sounded after a moment; none if it has been silent."""
+        return next((when for when, loud in list(self.blocks) if when >= since and loud > 0.003),
+                    None)
 
     def silent_for(self, seconds):
         now = time.monotonic()
@@ -178,6 +190,54 @@ class Program:
         stop(self.process)
 
 
+class Terminal:
+    """A program in a terminal of its own, and all that it has printed there."""
+
+    def __init__(self, program, folder, environment):
+        need("tmux")
+        self.socket = os.path.join(folder, "tmux")
+        self.log = os.path.join(folder, "printed")
+        self.seen = 0
+        settings = [f"{name}={value}" for name, value in environment.items()]
+        self.tmux("-f", "/dev/null", "new-session", "-d", "-x", "80", "-y", "24", "cat")
+        self.tmux("set-option", "-g", "remain-on-exit", "on")
+        self.tmux("pipe-pane", f"cat >'{self.log}'")
+        self.tmux("respawn-pane", "-k", "env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY",
+                  f"HOME={folder}", *settings, program)
+
+    def tmux(self, *arguments):
+        return subprocess.run(["tmux", "-S", self.socket, *arguments], capture_output=True,
+                              text=True, timeout=PATIENCE).stdout
+
+    def press(self, *keys):
+        names = {"Return": "Enter", "space": "Space"}
+        for key in keys:
+            self.tmux("send-keys", names.get(key, key))
+
+    def printed(self):
+        try:
+            with open(self.log, encoding="utf-8", errors="replace") as file:
+                return file.read()
+        except FileNotFoundError:
+            return ""
+
+    def line(self, text, patience=PATIENCE):
+        """Waits for the text to be printed after what was last waited for."""
+        wait_until(lambda: text in self.printed()[self.seen:], repr(text), patience)
+        self.seen = self.printed().index(text, self.seen) + len(text)
+        return time.monotonic()
+
+    def ended(self, patience=PATIENCE):
+        """Waits for the end; returns the exit status."""
+        def dead():
+            return self.tmux("display-message", "-p", "#{pane_dead}").strip() == "1"
+        wait_until(dead, "the end", patience)
+        return int(self.tmux("display-message", "-p", "#{pane_dead_status}"))
+
+    def close(self):
+        self.tmux("kill-server")
+
+
 class Case(unittest.TestCase):
     """A test with a folder of its own; what it `owns` is closed at its end."""
 
@@ -191,9 +251,10 @@ class Case(unittest.TestCase):
 
 
 def main():
-    """Runs the tests of the calling script; exit status 77 when every one was skipped."""
+    """Runs the tests of the calling script, whose first argument is the program to test and whose
+    others name tests (all by default); exit status 77 when every one was skipped."""
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
-    run = unittest.main(exit=False, argv=[sys.argv[0], "-v"])
+    run = unittest.main(exit=False, argv=[sys.argv[0], "-v", *sys.argv[2:]])
     result = run.result
     if not result.wasSuccessful() or result.testsRun == 0:
         sys.exit(1)
