@@ -140,7 +140,4 @@ void Form1::ldwv2() {
     prepare(gs.wbidle, vehicle.idle);
 }
 
-// Nothing is checked before the project's own sounds exist.
-void Form1::checkwave() {}
-
 }  // namespace tamlo
