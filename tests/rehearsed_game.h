@@ -1,6 +1,7 @@
 // The real game on the rehearsal platform, for tests that read like a page of play.
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -24,15 +25,26 @@ class RehearsedGame {
     /// Runs the game once with a script.
     Performance Run(std::string_view script_text, const Improviser& improviser = {}) {
         Performance performance;
-        RunTo(performance, Parse(script_text), improviser);
+        RunTo(performance, Parse(script_text), improviser, [](Form1& game) { game.Form_Load(); });
         performance.lines = TraceLines(performance.trace);
         return performance;
     }
 
-    /// From the main menu through the whole of a first visit: the orders are read and the car
-    /// stands at the departure menu.
-    Performance RunTrip(std::string_view script_text) {
-        return Run("press enter\n" + std::string(script_text));
+    /// Runs some operations of the game alone, as they are behind the start-up.
+    Performance Perform(std::string_view script_text, const std::function<void(Form1&)>& act) {
+        Performance performance;
+        RunTo(performance, Parse(script_text), {}, [&act](Form1& game) {
+            game.opensound();
+            game.countvoices();
+            game.getdatapath();
+            game.setupvoice();
+            game.setstreets();
+            game.ldwv();
+            game.setmaxa();
+            act(game);
+        });
+        performance.lines = TraceLines(performance.trace);
+        return performance;
     }
 
     void Write(const std::string& name, std::string_view bytes) const {
@@ -45,8 +57,8 @@ class RehearsedGame {
 
     TemporaryFolder documents;
     DiskFiles disk;
-    Files* files = &disk;                ///< a test may put a faulty disk in between
-    std::string sounds = TAMLO_SOUNDS;   ///< the set built with the project
+    Files* files = &disk;               ///< a test may put a faulty disk in between
+    std::string sounds = TAMLO_SOUNDS;  ///< the set built with the project
     std::string current_directory = sounds;
 
   private:
@@ -58,9 +70,10 @@ class RehearsedGame {
         return std::get<Script>(std::move(script));
     }
 
-    void RunTo(Performance& performance, Script script, const Improviser& improviser) {
-        Rehearsal rehearsal(std::move(script), {documents.Path(), sounds, current_directory}, *files,
-                            [&](std::string_view lines) { performance.trace += lines; });
+    void RunTo(Performance& performance, Script script, const Improviser& improviser,
+               const std::function<void(Form1&)>& act) {
+        Rehearsal rehearsal(std::move(script), {documents.Path(), sounds, current_directory},
+                            *files, [&](std::string_view lines) { performance.trace += lines; });
         Form1 game(rehearsal.Services());
         if (improviser) rehearsal.Improvise([&] { return improviser(game.gs); });
         const FieldAccess fields{
@@ -68,7 +81,7 @@ class RehearsedGame {
                 SetField(game.gs, field, value);
             },
             [&game](std::string_view field) { return ShowField(game.gs, field); }};
-        const RehearsalResult result = rehearsal.Run([&game] { game.Form_Load(); }, fields);
+        const RehearsalResult result = rehearsal.Run([&] { act(game); }, fields);
         performance.exit_status = result.exit_status;
         performance.message = result.message;
     }

@@ -71,6 +71,8 @@ class Form1 final : private KeyListener {
     void pumpEvents(double rest = 0);
     /// Counts the voices into `nov`; without one, a message and the end.
     void countvoices();
+    /// A turn of a wait that a key ends: sleeps up to `rest` seconds unless one is pending.
+    void keyturn(double rest);
     /// A fresh speech engine with the voice, rate and volume of the settings.
     void setupvoice();
     /// Runs a list menu; the item chosen, from 1, or what an extra key left it with.

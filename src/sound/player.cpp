@@ -59,7 +59,7 @@ void Form1::play2(std::string_view name) {
     prepare(gs.wb2, name);
     gs.wb2->Play(PlayMode::once);
     do {
-        pumpEvents(gs.wb2->SecondsLeft());
+        keyturn(gs.wb2->SecondsLeft());
     } while (gs.g.empty() && gs.wb2->GetStatus() == status_playing);
     gs.wb2->Stop();
     gs.wb2.reset();
@@ -101,7 +101,7 @@ void Form1::starttitle() {
 
 void Form1::endtitle() {
     do {
-        pumpEvents(gs.wb1->SecondsLeft());
+        keyturn(gs.wb1->SecondsLeft());
     } while (gs.g.empty() && gs.wb1->GetStatus() == status_playing);
     gs.wb1->Stop();
     gs.wb1.reset();

@@ -87,7 +87,7 @@ void HearSoundVolume(Form1& form) {
     gs.wb1->SetVolume(gs.wavol);
     gs.wb1->Play(PlayMode::once);
     do {
-        form.pumpEvents(gs.wb1->SecondsLeft());
+        form.keyturn(gs.wb1->SecondsLeft());
     } while (gs.g.empty() && gs.wb1->GetStatus() == status_playing);
     gs.wb1->Stop();
     form.clk();

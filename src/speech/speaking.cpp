@@ -27,7 +27,7 @@ bool Form1::speaking() const {
 void Form1::w4s() {
     dy(0.3);  // speech just queued needs time to start
     do {
-        pumpEvents(gs.Voice->SecondsLeft());
+        keyturn(gs.Voice->SecondsLeft());
     } while (gs.g.empty() && speaking());
     stopspeech();
 }

@@ -1,0 +1,296 @@
+// What the road does to the driver: hazards, patrols, scenes, with their pans, paces and times.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+
+#include "driving/road_scenes.h"
+#include "rehearsed_game.h"
+
+namespace tamlo {
+namespace {
+
+using testing::ElementsAre;
+
+/// Puts the driver at a corner and has the road checked.
+Performance Check(int street, int road, double speed, const std::string& draws,
+                  RehearsedGame&& game = {}) {
+    return game.Perform("draw " + draws + "\nshow tit atod", [&](Form1& form) {
+        form.gs.rox = street;
+        form.gs.roy = road;
+        form.gs.sped = speed;
+        form.checkspec();
+        form.dy(7);  // lets the last step find the game at rest
+        form.dy(7);
+    });
+}
+
+TEST(Hazards, HoldTheDriverUpAtTheirCorners) {
+    const struct {
+        std::string what;
+        int street, road;
+        double speed;
+        std::string draws;
+        std::string sound;  // "" for none
+        std::string tit;
+    } cases[] = {
+        // Crossings: the second third of the draw is no train. Nothing else follows.
+        {"freight train", 56, 23, 30, "0 0 0.49 0", "play tamlo21 once", "180"},
+        {"passenger train", 45, 23, 60, "0.9 0.999 0.5 0", "play tamlo22 once", "299"},
+        {"no train", 56, 23, 60, "0.34 0.5119", "", "0"},
+        {"truck", 51, 25, 60, "0 0.999", "play tamlo34 once", "119"},
+        {"trap at the limit", 54, 24, 35, "0", "", "0"},
+        {"trap above it", 54, 24, 36, "0", "play tamlo25 once", "300"},
+        {"trap at Apple", 47, 22, 65, "0.999", "play tamlo25 once", "419"},
+        {"trap at Cedar", 53, 19, 40, "0.5", "play tamlo25 once", "360"},
+        {"trap at Chrysler", 46, 27, 36, "0", "play tamlo25 once", "300"},
+        {"hospital, then nothing", 52, 19, 30, "0 0.9", "play tamlo23 once", "60"},
+        {"the other hospital", 46, 26, 30, "0.999 0.9", "play tamlo23 once", "119"},
+        // At 41, one chance in 50: the draw that equals a third of it.
+        {"patrol", 10, 10, 41, "0.31 0.5", "play tamlo25 once", "360"},
+        {"patrol, the other draw", 10, 10, 41, "0.33 0.9", "", "0"},
+        {"patrol looks above 40", 10, 10, 40, "0.9", "", "0"},
+        {"no patrol on Center", 10, 23, 65, "0.9", "", "0"},
+        {"no patrol on Seventh", 45, 10, 65, "0.9", "", "0"},
+        {"no patrol on Fifth", 56, 10, 65, "0.9", "", "0"},
+        // One scene in 42: the draw of 22. The near miss is scene 4.
+        {"a scene", 10, 10, 30, "0.5119 0.18 0.5", "play tamlo33 once", "45"},
+        {"a draw before the scene", 10, 10, 30, "0.4999", "", "0"},
+        {"a draw behind the scene", 10, 10, 30, "0.5239", "", "0"},
+    };
+    for (const auto& c : cases) {
+        const auto run = Check(c.street, c.road, c.speed, c.draws);
+        EXPECT_EQ(run.Shown("tit"), c.tit) << c.what;
+        EXPECT_EQ(run.Shown("atod"), c.tit) << c.what;
+        if (c.sound.empty()) {
+            EXPECT_TRUE(run.Events("play ").empty()) << c.what << run.trace;
+        } else {
+            EXPECT_EQ(run.Count(c.sound), 1) << c.what;
+        }
+    }
+}
+
+TEST(Hazards, AHospitalLetsThePatrolStopTheSpeeder) {
+    const auto run = Check(52, 19, 41, "0 0.31 0");
+    EXPECT_LT(run.TimeOf("play tamlo23"), run.TimeOf("play tamlo25"));
+    EXPECT_EQ(run.Shown("tit"), "360");
+    EXPECT_TRUE(
+        run.Heard(" The officer pulls you over and gives you a warning for going 41 miles "
+                  "an hour. "));
+}
+
+TEST(Hazards, TheCrossingBellGoesOnAroundTheTrain) {
+    const auto run = Check(56, 23, 30, "0 0 0 0");
+    const double bell = run.TimeOf("play tamlo20 loop");
+    const double train = run.TimeOf("play tamlo21 once");
+    EXPECT_NEAR(train - bell, 1.04, 0.035);
+    EXPECT_GT(run.TimeOf("stop tamlo20"), train + 14);
+}
+
+TEST(Hazards, TheAmbulanceSwellsAndFades) {
+    RehearsedGame game;
+    const auto run = game.Perform("", [](Form1& form) {
+        form.gs.wavol = -300;
+        form.playambu();
+    });
+    std::vector<int> volumes;
+    std::vector<double> times;
+    for (const TraceLine& line : run.lines) {
+        if (!line.event.starts_with("setvolume tamlo23")) continue;
+        volumes.push_back(std::stoi(line.event.substr(18)));
+        times.push_back(line.seconds);
+    }
+    std::vector<int> expected = {-1300};
+    for (int v = -1300; v <= -300; v += 50) expected.push_back(v);
+    for (int v = -300; v >= -1300; v -= 50) expected.push_back(v);
+    EXPECT_EQ(volumes, expected);
+    EXPECT_NEAR(times[2] - times[1], 0.08, 1e-6);
+    EXPECT_NEAR(times[22] - times[21], 0.08 + 0.31, 1e-6);
+    EXPECT_NEAR(run.TimeOf("stop tamlo23") - times.back(), 0.08 + 0.21, 1e-6);
+}
+
+/// The pans of a buffer, with the time of each.
+std::vector<std::pair<double, int>> Pans(const Performance& run, const std::string& name) {
+    std::vector<std::pair<double, int>> pans;
+    const std::string start = "setpan " + name + " ";
+    for (const TraceLine& line : run.lines) {
+        if (line.event.starts_with(start)) {
+            pans.emplace_back(line.seconds, std::stoi(line.event.substr(start.size())));
+        }
+    }
+    return pans;
+}
+
+TEST(Scenes, CrossFromBothSidesInTheirSteps) {
+    for (int number = 1; number <= 17; ++number) {
+        const RoadScene& scene = road_scenes[static_cast<std::size_t>(number) - 1];
+        if (scene.movement != Movement::crossing && scene.movement != Movement::slow_crossing) {
+            continue;
+        }
+        for (const int side : {1, -1}) {
+            RehearsedGame game;
+            const auto run = game.Perform(side == 1 ? "draw 0.49" : "draw 0.5",
+                                          [&](Form1& form) { form.playscene(number); });
+            auto pans = Pans(run, std::string(scene.sound));
+            if (scene.movement == Movement::crossing) pans.erase(pans.begin());  // before Play
+            const double pause = scene.movement == Movement::crossing ? 0.11 : 0.31;
+            ASSERT_EQ(pans.size(), static_cast<std::size_t>(2 * scene.width / scene.step + 1));
+            for (std::size_t i = 0; i < pans.size(); ++i) {
+                EXPECT_EQ(pans[i].second, side * (scene.width - static_cast<int>(i) * scene.step));
+                if (i > 0) {
+                    EXPECT_NEAR(pans[i].first - pans[i - 1].first, pause, 1e-6);
+                }
+            }
+            EXPECT_EQ(run.Count("play " + std::string(scene.sound) + " loop"), 1);
+            EXPECT_EQ(run.Count("stop " + std::string(scene.sound)), 1);
+        }
+    }
+}
+
+TEST(Scenes, TheTruckDrivesOnToItsOwnEnd) {
+    RehearsedGame game;
+    const auto run = game.Perform("draw 0.5", [](Form1& form) { form.playscene(5); });
+    const auto pans = Pans(run, "tamlo34");
+    ASSERT_EQ(pans.size(), 62u);
+    EXPECT_EQ(pans.front().second, -1500);
+    EXPECT_EQ(pans.back().second, 1500);
+    EXPECT_EQ(run.Count("stop tamlo34"), 0);
+}
+
+TEST(Scenes, TheBusHaltsInTheCentre) {
+    RehearsedGame game;
+    const auto run = game.Perform("draw 0", [](Form1& form) { form.playscene(14); });
+    const auto pans = Pans(run, "tamlo86");
+    ASSERT_EQ(pans.size(), 1u + 61 + 61);
+    EXPECT_EQ(pans[1].second, 1500);
+    EXPECT_EQ(pans[61].second, 0);
+    EXPECT_EQ(pans[62].second, 0);
+    EXPECT_NEAR(pans[62].first - pans[61].first, 0.11 + 5.01, 1e-6);
+    EXPECT_EQ(pans.back().second, -1500);
+}
+
+TEST(Scenes, FiveInLineTrailEachOtherAndAreSilencedOneByOne) {
+    RehearsedGame game;
+    const auto run = game.Perform("draw 0.9", [](Form1& form) { form.playscene(15); });
+    const auto pans = Pans(run, "tamlo87");
+    ASSERT_EQ(pans.size(), 5u + 5 * 102);
+    const std::vector<int> start = {-2000, -2333, -2666, -2999, -3332};
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(pans[i].second, start[i]);
+    EXPECT_EQ(pans[10].second, -2000 + 47);
+    EXPECT_EQ(pans[5 * 102].second, 2747);
+    std::vector<double> starts;
+    for (const TraceLine& line : run.lines) {
+        if (line.event.starts_with("play tamlo87 loop")) starts.push_back(line.seconds);
+    }
+    ASSERT_EQ(starts.size(), 5u);
+    for (std::size_t i = 1; i < 5; ++i) EXPECT_NEAR(starts[i] - starts[i - 1], 0.41, 1e-6);
+    // The leader passes 2000 at step 86, the last 2600 at step 98; each is silenced at every later
+    // step too: 16 + 13 + 10 + 7 + 4 of the 102.
+    EXPECT_EQ(run.Count("setvolume tamlo87 -6400"), 16 + 13 + 10 + 7 + 4);
+    EXPECT_EQ(run.Count("stop tamlo87"), 5);
+}
+
+TEST(Scenes, NoneComesTwiceInFive) {
+    RehearsedGame game;
+    std::vector<int> played;
+    game.Perform("", [&](Form1& form) {
+        form.gs.rox = form.gs.roy = 10;
+        while (played.size() < 60) {
+            const int newest = form.gs.evhist(4);
+            form.checkspec();
+            if (form.gs.evhist(4) != newest) played.push_back(form.gs.evhist(4));
+        }
+    });
+    for (std::size_t i = 0; i < played.size(); ++i) {
+        for (std::size_t back = 1; back <= 4 && back <= i; ++back) {
+            EXPECT_NE(played[i], played[i - back]);
+        }
+    }
+}
+
+TEST(Odds, OfScenesAndTrainsHoldOverManyCorners) {
+    RehearsedGame game;
+    int scenes = 0;
+    int trains = 0;
+    constexpr int corners = 4200;
+    game.Perform("", [&](Form1& form) {
+        for (int i = 0; i < corners; ++i) {
+            form.gs.rox = form.gs.roy = 10;
+            form.gs.tit = 0;
+            form.checkspec();
+            scenes += form.gs.tit > 0;
+        }
+        for (int i = 0; i < 300; ++i) {
+            form.gs.rox = 56;
+            form.gs.roy = 23;
+            form.gs.tit = 0;
+            form.checkspec();
+            trains += form.gs.tit > 0;
+        }
+    });
+    EXPECT_NEAR(scenes, corners / 42, 40);  // four standard deviations
+    EXPECT_NEAR(trains, 200, 33);
+}
+
+TEST(Vehicle, IsPitchedByItsSpeedAndSwitchedByF5) {
+    const struct {
+        int speed;
+        std::string frequency;
+    } cases[] = {{35, "22051"}, {65, "31861"}, {1, "10933"}, {45, "25321"}, {55, "28591"}};
+    for (const auto& c : cases) {
+        RehearsedGame game;
+        const auto run = game.Perform("", [&](Form1& form) {
+            form.gs.sped = c.speed;
+            form.playgo();
+        });
+        EXPECT_EQ(run.Count("setfrequency tamlo4 " + c.frequency), 1 + (c.speed == 35));
+    }
+    RehearsedGame game;
+    const auto run = game.Perform("", [](Form1& form) {
+        form.togcar();
+        form.togcar();
+    });
+    EXPECT_EQ(run.Spoken(),
+              (std::vector<std::string>{"vehicle rev sound off", " vehicle rev sound on "}));
+}
+
+TEST(Background, FadesDownAndUpToWhereItWas) {
+    RehearsedGame game;
+    const auto run = game.Perform("draw 0.75", [](Form1& form) {
+        form.gs.wavol = -200;
+        form.pbg();
+        form.bgdown();
+        form.bgup();
+        form.bgstop();
+    });
+    const auto volumes = run.Events("setvolume tamlob4");
+    ASSERT_EQ(volumes.size(), 1u + 15 + 15);
+    EXPECT_EQ(volumes[15], "setvolume tamlob4 -1475");
+    EXPECT_EQ(volumes[30], "setvolume tamlob4 -200");
+    EXPECT_NEAR(run.TimeOf("stop tamlob4") - run.TimeOf("play tamlob4"), 30 * 0.21, 0.001);
+}
+
+TEST(Effects, EndAsTheirKindOfPlayingSays) {
+    RehearsedGame game;
+    const auto run = game.Perform("upon sound tamlo8 a\nupon sound tamlo17 b", [](Form1& form) {
+        form.play("tamlo8");  // not to be cut short
+        form.say2("pending " + form.gs.g);
+        form.play2("tamlo17");
+        form.say2("pending " + form.gs.g);
+        form.play3("tamlo6");
+        form.play2("tamlo7");
+        form.stoploop();
+        form.play("tamlo999");
+        form.say2("over");
+    });
+    EXPECT_NEAR(run.TimeOf("pending 65") - run.TimeOf("play tamlo8"), 2.6, 0.02);
+    EXPECT_NEAR(run.TimeOf("stop tamlo17") - run.TimeOf("play tamlo17"), 0.1, 0.02);
+    EXPECT_TRUE(run.Heard("pending 66"));
+    EXPECT_NEAR(run.TimeOf("stop tamlo6"), run.TimeOf("load tamlo7"), 1e-6);
+    EXPECT_EQ(run.Count("load tamlo999 missing"), 1);
+    EXPECT_TRUE(run.Heard("over"));
+}
+
+}  // namespace
+}  // namespace tamlo
