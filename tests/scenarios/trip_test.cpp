@@ -127,10 +127,11 @@ TEST(Orders, AreMadeAsTheDrawsSay) {
         {"large, two toppings", 1, "0.5 0.2 0 0.04 0.999 0",
          " There is an order for 1 large, anchovies and bacon tamlo.  To be delivered to the "
          "corner "
-         "of Fifteenth Avenue and Cherry.  cost $18.95. ",
+         "of Fifteenth Avenue and Eucalyptus.  cost $18.95. ",
          18.95, 66, 15},
         {"large, two toppings", 1, "0.5 0.2 0 0.04 0.999 0",
-         " There is an order for 1 large, anchovies and bacon tamlo.  To be delivered to the corner "
+         " There is an order for 1 large, anchovies and bacon tamlo.  To be delivered to the "
+         "corner "
          "of Fifteenth Avenue and Eucalyptus.  cost $18.95. ",
          18.95, 66, 15},
         {"a topping drawn twice is drawn again", 1, "0 0.2 0 0 0.04 0 0",
@@ -444,7 +445,7 @@ TEST(Door, NoCustomerComesTwiceInTwentyOne) {
             EXPECT_NE(customers[i], customers[i - back]);
         }
     }
-    EXPECT_EQ(seen.size(), 40u);
+    for (int c = 41; c <= 80; ++c) EXPECT_TRUE(seen.count(c)) << c;
     EXPECT_EQ(*seen.begin(), 41);
     EXPECT_EQ(*seen.rbegin(), 80);
 }
