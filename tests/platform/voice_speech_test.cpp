@@ -1,5 +1,5 @@
-// The voice as the game and the mixer use it: with a synthesizer made for the purpose, where the
-// samples count, and with the real one, where they must be speech.
+// The voice as the game and the mixer use it, with a synthesizer made for the purpose: the samples
+// count.
 #include "platform/voice/voice_speech.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +10,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <thread>
@@ -18,74 +17,13 @@
 
 #include "platform/allocation_counter.h"
 #include "platform/end_of_process.h"
+#include "platform/voice_listener.h"
 
 namespace tamlo {
 namespace {
 
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
-
-constexpr int block = 240;  ///< frames, 5 ms
-constexpr float audible = 0.00316f;
-
-/// What has been pulled from a voice, as the sound card would hear it.
-class Listener {
-  public:
-    explicit Listener(VoiceSpeech& voice) : voice_(voice) {}
-
-    /// Pulls one block, once its samples are there or will not come.
-    void PullBlock() {
-        const auto deadline = steady_clock::now() + 20s;
-        while (engine_view_->SecondsLeft() < 0.006 && voice_.SamplesComing()) {
-            ASSERT_LT(steady_clock::now(), deadline) << "no samples come";
-            std::this_thread::yield();
-        }
-        PullNow(block);
-    }
-
-    void PullNow(int frames) {
-        std::vector<float> stereo(2 * static_cast<std::size_t>(frames));
-        voice_.Stream().AddTo(stereo.data(), frames);
-        for (std::size_t i = 0; i < stereo.size(); i += 2) heard.push_back(stereo[i]);
-    }
-
-    /// Pulls until the voice is silent; nothing is heard behind it.
-    void HearOut(double most_seconds = 60) {
-        const auto most = heard.size() + static_cast<std::size_t>(most_seconds * stream_rate);
-        while (engine_view_->Status() == RunningState::speaking) {
-            PullBlock();
-            if (testing::Test::HasFatalFailure()) return;
-            ASSERT_LT(heard.size(), most) << "the voice does not end";
-        }
-    }
-
-    std::vector<float> heard;
-
-  private:
-    VoiceSpeech& voice_;
-    std::unique_ptr<SpeechEngine> engine_view_ = voice_.CreateEngine();
-};
-
-double Seconds(const std::vector<float>& heard) {
-    return static_cast<double>(heard.size()) / stream_rate;
-}
-
-double Energy(const std::vector<float>& heard) {
-    double sum = 0;
-    for (float sample : heard) sum += sample * sample;
-    return sum;
-}
-
-/// Runs of audible sound with silences of at least 100 ms between them: first and last frame.
-std::vector<std::pair<std::size_t, std::size_t>> Sounds(const std::vector<float>& heard) {
-    std::vector<std::pair<std::size_t, std::size_t>> sounds;
-    for (std::size_t i = 0; i < heard.size(); ++i) {
-        if (std::abs(heard[i]) <= audible) continue;
-        if (sounds.empty() || i - sounds.back().second > stream_rate / 10) sounds.push_back({i, i});
-        sounds.back().second = i;
-    }
-    return sounds;
-}
 
 /// Says every text as a steady level of 0.5 for as many milliseconds as the text's number, behind
 /// 100 ms of silence. "hang" answers only when it is let go; "silence" gives silence.
@@ -339,184 +277,6 @@ TEST(VoiceSpeech, WithoutVoicesTextsCountAsSpoken) {
     engine->Speak("100", SpeakFlags::queue);
     EXPECT_EQ(engine->Status(), RunningState::done);
     EXPECT_TRUE(log.utterances.empty());
-}
-
-class Espeak : public testing::Test {
-  protected:
-    void SetUp() override { ASSERT_EQ(engine_->GetVoicesCount(), 10); }
-
-    /// All samples of a text that is spoken alone.
-    const std::vector<float>& Hear(std::string_view text) {
-        listener_.heard.clear();
-        engine_->Speak(text, SpeakFlags::queue);
-        listener_.HearOut(3000);
-        return listener_.heard;
-    }
-
-    VoiceSpeech voice_;
-    std::unique_ptr<SpeechEngine> engine_ = voice_.CreateEngine();
-    Listener listener_{voice_};
-};
-
-/// Hertz: the distance at which the sound resembles itself most, within that of voices.
-double Pitch(const std::vector<float>& heard) {
-    std::size_t best = 0;
-    double best_sum = 0;
-    for (std::size_t lag = stream_rate / 320; lag < stream_rate / 70; ++lag) {
-        double sum = 0;
-        for (std::size_t i = 0; i + lag < heard.size(); i += 3) sum += heard[i] * heard[i + lag];
-        if (sum > best_sum) {
-            best_sum = sum;
-            best = lag;
-        }
-    }
-    return best == 0 ? 0 : static_cast<double>(stream_rate) / static_cast<double>(best);
-}
-
-TEST_F(Espeak, EveryVoiceSpeaksAndWomenSpeakHigherThanMen) {
-    constexpr bool women[] = {false, false, true, true, true, false, false, false, false, false};
-    double highest_man = 0;
-    double lowest_woman = 1000;
-    for (int i = 0; i < 10; ++i) {
-        engine_->SetVoice(i);
-        const auto& heard = Hear("We all know our own way home.");
-        EXPECT_GT(Energy(heard), 10) << i;
-        double pitch = Pitch(heard);
-        if (women[i]) lowest_woman = std::min(lowest_woman, pitch);
-        if (!women[i]) highest_man = std::max(highest_man, pitch);
-    }
-    EXPECT_GT(lowest_woman, highest_man * 1.2);
-    EXPECT_GT(highest_man, 70);
-}
-
-TEST_F(Espeak, EverySingleCharacterIsHeardButTheBlank) {
-    std::vector<std::string> characters = {"\xC2\xBE", "\xC3\xA9"};
-    for (char c = '!'; c <= '~'; ++c) characters.push_back(std::string(1, c));
-    for (const std::string& character : characters) {
-        EXPECT_GT(Energy(Hear(character)), 5) << character;
-    }
-    for (const char* silent : {" ", "", "   ", "\x1B", "\xFF"}) {
-        EXPECT_EQ(Energy(Hear(silent)), 0) << silent;
-        EXPECT_LT(Seconds(listener_.heard), 0.02) << silent;
-    }
-}
-
-TEST_F(Espeak, FirstSoundComesWithTheFirstSamples) {
-    for (const char* text : {" select ", "Yes", " The time is 3:05", "house", "map", "4", "s"}) {
-        for (int rate : {-10, 0, 10, 15}) {
-            engine_->SetRate(rate);
-            auto sounds = Sounds(Hear(text));
-            ASSERT_FALSE(sounds.empty()) << text;
-            EXPECT_LE(sounds[0].first, stream_rate / 500u) << text << rate;
-        }
-    }
-}
-
-TEST_F(Espeak, HigherRatesAreQuicker) {
-    double slower = 100;
-    for (int rate : {-10, -5, 0, 5, 10, 15}) {
-        engine_->SetRate(rate);
-        double seconds = Seconds(Hear("You no longer have any tamlos to deliver."));
-        EXPECT_LT(seconds, slower * 0.95) << rate;
-        slower = seconds;
-    }
-    EXPECT_GT(slower, 0.3);
-}
-
-TEST_F(Espeak, VolumeScalesWhatIsHeard) {
-    double full = Energy(Hear("volume"));
-    engine_->SetVolume(50);
-    EXPECT_NEAR(Energy(Hear("volume")) / full, 0.25, 0.03);
-    engine_->SetVolume(-5);
-    EXPECT_EQ(Energy(Hear("volume")), 0);
-    engine_->SetVolume(1000);
-    EXPECT_NEAR(Energy(Hear("volume")) / full, 1, 0.1);
-    for (float sample : listener_.heard) ASSERT_LE(std::abs(sample), 1.0f);
-}
-
-TEST_F(Espeak, MarkupAndBracketsAreText) {
-    struct Case {
-        const char* marked;
-        const char* plain;
-    };
-    // As a command each would change how long the words last.
-    constexpr Case cases[] = {
-        {"one \x01"
-         "80S two three four",
-         "one 80 S two three four"},
-        {"[[h@l'oU w'3:ld]] one", "h@l'oU w'3:ld one"},
-        {"<prosody rate=\"400%\">one two three four five six</prosody>",
-         "less than prosody rate 400 percent greater one two three four five six less prosody"},
-    };
-    for (const auto& [marked, plain] : cases) {
-        double expected = Seconds(Hear(plain));
-        double seconds = Seconds(Hear(marked));
-        EXPECT_GT(seconds, 0.6 * expected) << marked;
-        EXPECT_LT(seconds, 1.7 * expected) << marked;
-    }
-}
-
-TEST_F(Espeak, HostileTextsEnd) {
-    std::string noise;
-    unsigned state = 1;
-    for (int i = 0; i < 3000; ++i) {
-        state = state * 1664525u + 1013904223u;
-        noise += static_cast<char>(state >> 24);
-    }
-    std::string many_words;
-    while (many_words.size() < 100'000)
-        many_words += "tamlo " + std::to_string(many_words.size()) + ", ";
-    const std::string texts[] = {
-        noise,
-        many_words,
-        std::string(100'000, 'a'),
-        std::string(100'000, '9'),
-        std::string(100'000, '.'),
-        std::string(100'000, ' '),
-        std::string(5'000, '\0'),
-        std::string(20'000, '\n'),
-    };
-    engine_->SetRate(15);
-    for (const std::string& text : texts) {
-        // Not heard to the end, which would be hours: begun, broken off, and the next is heard.
-        engine_->Speak(text, SpeakFlags::queue);
-        for (int i = 0; i < 200; ++i) listener_.PullBlock();
-        engine_->Speak("", SpeakFlags::purge);
-        EXPECT_GT(Energy(Hear("next")), 5) << text.substr(0, 10);
-    }
-}
-
-TEST_F(Espeak, TwoHundredPurgesLoseNothing) {
-    double alone = Energy(Hear("select"));
-    for (int cycle = 0; cycle < 200; ++cycle) {
-        engine_->Speak(" Your current delivery trip time is 14 minutes ", SpeakFlags::queue);
-        for (int i = 0; i < cycle % 4; ++i) listener_.PullBlock();
-        engine_->Speak("", SpeakFlags::purge);
-        ASSERT_EQ(engine_->Status(), RunningState::done);
-        listener_.PullNow(block);
-        ASSERT_NEAR(Energy(Hear("select")) / alone, 1, 0.15) << cycle;
-    }
-}
-
-TEST(EspeakLibrary, ServesOneAtATime) {
-    VoiceSpeech first;
-    EXPECT_GT(first.CreateEngine()->GetVoicesCount(), 0);
-    VoiceSpeech second;
-    EXPECT_EQ(second.CreateEngine()->GetVoicesCount(), 0);
-}
-
-TEST(EspeakLibraryDeathTest, WithoutItsDataThereAreNoVoices) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const auto folder = std::filesystem::path(testing::TempDir()) / "no_voice_data";
-    std::filesystem::create_directories(folder / "espeak-ng-data");
-    auto speak_without_data = [&] {
-        setenv("ESPEAK_DATA_PATH", folder.c_str(), 1);
-        VoiceSpeech voice;
-        auto engine = voice.CreateEngine();
-        engine->Speak("nobody hears this", SpeakFlags::wait);
-        std::exit(engine->GetVoicesCount());
-    };
-    EXPECT_EXIT(speak_without_data(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

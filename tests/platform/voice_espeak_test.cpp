@@ -1,0 +1,198 @@
+// The voice with the real synthesizer: what is pulled must be speech.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/voice/voice_speech.h"
+#include "platform/voice_listener.h"
+
+namespace tamlo {
+namespace {
+
+class Espeak : public testing::Test {
+  protected:
+    void SetUp() override { ASSERT_EQ(engine_->GetVoicesCount(), 10); }
+
+    /// All samples of a text that is spoken alone.
+    const std::vector<float>& Hear(std::string_view text) {
+        listener_.heard.clear();
+        engine_->Speak(text, SpeakFlags::queue);
+        listener_.HearOut(3000);
+        return listener_.heard;
+    }
+
+    VoiceSpeech voice_;
+    std::unique_ptr<SpeechEngine> engine_ = voice_.CreateEngine();
+    Listener listener_{voice_};
+};
+
+/// Hertz: the distance at which the sound resembles itself most, within that of voices.
+double Pitch(const std::vector<float>& heard) {
+    std::size_t best = 0;
+    double best_sum = 0;
+    for (std::size_t lag = stream_rate / 320; lag < stream_rate / 70; ++lag) {
+        double sum = 0;
+        for (std::size_t i = 0; i + lag < heard.size(); i += 3) sum += heard[i] * heard[i + lag];
+        if (sum > best_sum) {
+            best_sum = sum;
+            best = lag;
+        }
+    }
+    return best == 0 ? 0 : static_cast<double>(stream_rate) / static_cast<double>(best);
+}
+
+TEST_F(Espeak, EveryVoiceSpeaksAndWomenSpeakHigherThanMen) {
+    constexpr bool women[] = {false, false, true, true, true, false, false, false, false, false};
+    double highest_man = 0;
+    double lowest_woman = 1000;
+    for (int i = 0; i < 10; ++i) {
+        engine_->SetVoice(i);
+        const auto& heard = Hear("We all know our own way home.");
+        EXPECT_GT(Energy(heard), 10) << i;
+        double pitch = Pitch(heard);
+        if (women[i]) lowest_woman = std::min(lowest_woman, pitch);
+        if (!women[i]) highest_man = std::max(highest_man, pitch);
+    }
+    EXPECT_GT(lowest_woman, highest_man * 1.2);
+    EXPECT_GT(highest_man, 70);
+}
+
+TEST_F(Espeak, EverySingleCharacterIsHeardButTheBlank) {
+    std::vector<std::string> characters = {"\xC2\xBE", "\xC3\xA9"};
+    for (char c = '!'; c <= '~'; ++c) characters.push_back(std::string(1, c));
+    for (const std::string& character : characters) {
+        EXPECT_GT(Energy(Hear(character)), 5) << character;
+    }
+    for (const char* silent : {" ", "", "   ", "\x1B", "\xFF"}) {
+        EXPECT_EQ(Energy(Hear(silent)), 0) << silent;
+        EXPECT_LT(Seconds(listener_.heard), 0.02) << silent;
+    }
+}
+
+TEST_F(Espeak, FirstSoundComesWithTheFirstSamples) {
+    for (const char* text : {" select ", "Yes", " The time is 3:05", "house", "map", "4", "s"}) {
+        for (int rate : {-10, 0, 10, 15}) {
+            engine_->SetRate(rate);
+            auto sounds = Sounds(Hear(text));
+            ASSERT_FALSE(sounds.empty()) << text;
+            EXPECT_LE(sounds[0].first, stream_rate / 500u) << text << rate;
+        }
+    }
+}
+
+TEST_F(Espeak, HigherRatesAreQuicker) {
+    double slower = 100;
+    for (int rate : {-10, -5, 0, 5, 10, 15}) {
+        engine_->SetRate(rate);
+        double seconds = Seconds(Hear("You no longer have any tamlos to deliver."));
+        EXPECT_LT(seconds, slower * 0.95) << rate;
+        slower = seconds;
+    }
+    EXPECT_GT(slower, 0.3);
+}
+
+TEST_F(Espeak, VolumeScalesWhatIsHeard) {
+    double full = Energy(Hear("volume"));
+    engine_->SetVolume(50);
+    EXPECT_NEAR(Energy(Hear("volume")) / full, 0.25, 0.03);
+    engine_->SetVolume(-5);
+    EXPECT_EQ(Energy(Hear("volume")), 0);
+    engine_->SetVolume(1000);
+    EXPECT_NEAR(Energy(Hear("volume")) / full, 1, 0.1);
+    for (float sample : listener_.heard) ASSERT_LE(std::abs(sample), 1.0f);
+}
+
+TEST_F(Espeak, MarkupAndBracketsAreText) {
+    struct Case {
+        const char* marked;
+        const char* plain;
+    };
+    // As a command each would change how long the words last.
+    constexpr Case cases[] = {
+        {"one \x01"
+         "80S two three four",
+         "one 80 S two three four"},
+        {"[[h@l'oU w'3:ld]] one", "h@l'oU w'3:ld one"},
+        {"<prosody rate=\"400%\">one two three four five six</prosody>",
+         "less than prosody rate 400 percent greater one two three four five six less prosody"},
+    };
+    for (const auto& [marked, plain] : cases) {
+        double expected = Seconds(Hear(plain));
+        double seconds = Seconds(Hear(marked));
+        EXPECT_GT(seconds, 0.6 * expected) << marked;
+        EXPECT_LT(seconds, 1.7 * expected) << marked;
+    }
+}
+
+TEST_F(Espeak, HostileTextsEnd) {
+    std::string noise;
+    unsigned state = 1;
+    for (int i = 0; i < 3000; ++i) {
+        state = state * 1664525u + 1013904223u;
+        noise += static_cast<char>(state >> 24);
+    }
+    std::string many_words;
+    while (many_words.size() < 100'000)
+        many_words += "tamlo " + std::to_string(many_words.size()) + ", ";
+    const std::string texts[] = {
+        noise,
+        many_words,
+        std::string(100'000, 'a'),
+        std::string(100'000, '9'),
+        std::string(100'000, '.'),
+        std::string(100'000, ' '),
+        std::string(5'000, '\0'),
+        std::string(20'000, '\n'),
+    };
+    engine_->SetRate(15);
+    for (const std::string& text : texts) {
+        // Not heard to the end, which would be hours: begun, broken off, and the next is heard.
+        engine_->Speak(text, SpeakFlags::queue);
+        for (int i = 0; i < 200; ++i) listener_.PullBlock();
+        engine_->Speak("", SpeakFlags::purge);
+        EXPECT_GT(Energy(Hear("next")), 5) << text.substr(0, 10);
+    }
+}
+
+TEST_F(Espeak, TwoHundredPurgesLoseNothing) {
+    double alone = Energy(Hear("select"));
+    for (int cycle = 0; cycle < 200; ++cycle) {
+        engine_->Speak(" Your current delivery trip time is 14 minutes ", SpeakFlags::queue);
+        for (int i = 0; i < cycle % 4; ++i) listener_.PullBlock();
+        engine_->Speak("", SpeakFlags::purge);
+        ASSERT_EQ(engine_->Status(), RunningState::done);
+        listener_.PullNow(block);
+        ASSERT_NEAR(Energy(Hear("select")) / alone, 1, 0.15) << cycle;
+    }
+}
+
+TEST(EspeakLibrary, ServesOneAtATime) {
+    VoiceSpeech first;
+    EXPECT_GT(first.CreateEngine()->GetVoicesCount(), 0);
+    VoiceSpeech second;
+    EXPECT_EQ(second.CreateEngine()->GetVoicesCount(), 0);
+}
+
+TEST(EspeakLibraryDeathTest, WithoutItsDataThereAreNoVoices) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto folder = std::filesystem::path(testing::TempDir()) / "no_voice_data";
+    std::filesystem::create_directories(folder / "espeak-ng-data");
+    auto speak_without_data = [&] {
+        setenv("ESPEAK_DATA_PATH", folder.c_str(), 1);
+        VoiceSpeech voice;
+        auto engine = voice.CreateEngine();
+        engine->Speak("nobody hears this", SpeakFlags::wait);
+        std::exit(engine->GetVoicesCount());
+    };
+    EXPECT_EXIT(speak_without_data(), testing::ExitedWithCode(0), "");
+}
+
+}  // namespace
+}  // namespace tamlo
