@@ -24,7 +24,9 @@ void Form1::pumpEvents(double rest) {
     platform.events.Turn(*this, rest);
 }
 
-void Form1::keyturn(double rest) { pumpEvents(gs.g.empty() ? rest : 0); }
+void Form1::keyturn(double rest) {
+    pumpEvents(gs.g.empty() ? rest : 0);
+}
 
 // The order matters: a key still queued is delivered by the first turn, so it survives in `g`
 // while its character is cleared.

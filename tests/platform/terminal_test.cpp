@@ -12,10 +12,10 @@
 
 #include "platform/end_of_process.h"
 #include "platform/system/system_clock.h"
-#include "temporary_folder.h"
 #include "platform/terminal/printed_speech.h"
 #include "platform/terminal/terminal_events.h"
 #include "platform/terminal/terminal_front_end.h"
+#include "temporary_folder.h"
 
 namespace tamlo {
 namespace {
