@@ -1,5 +1,6 @@
 // tamlo-rehearse: plays a script on the real game in virtual time and writes down everything that
 // would be spoken and heard. docs/rehearsal.md is its contract.
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -144,9 +145,11 @@ int Rehearse(const Arguments& arguments) {
 }  // namespace tamlo
 
 int main(int argc, char** argv) {
+    // A reader that has seen enough must not keep the temporary folder from being removed.
+    std::signal(SIGPIPE, SIG_IGN);
     try {
         const int status = tamlo::Rehearse(tamlo::ReadArguments(argc, argv));
-        if (std::fflush(stdout) == 0) return status;
+        if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
         std::cerr << "tamlo-rehearse: the trace can't be written\n";
     } catch (const std::exception& wrong) {
         std::cerr << "tamlo-rehearse: " << wrong.what() << "\n";
