@@ -9,6 +9,7 @@
 
 #include "game/form1.h"
 #include "game/game_fields.h"
+#include "listening_speech.h"
 #include "performance.h"
 #include "platform/rehearsal/rehearsal.h"
 #include "platform/system/disk_files.h"
@@ -20,7 +21,9 @@ namespace tamlo {
 class RehearsedGame {
   public:
     /// What a test may do at rest behind the script's last step: give more steps, or none.
-    using Improviser = std::function<std::vector<Step>(const GameState& gs)>;
+    /// `asked` is the last text that was spoken.
+    using Improviser =
+        std::function<std::vector<Step>(const GameState& gs, const std::string& asked)>;
 
     /// Runs the game once with a script.
     Performance Run(std::string_view script_text, const Improviser& improviser = {}) {
@@ -76,8 +79,13 @@ class RehearsedGame {
                const std::function<void(Form1&)>& act) {
         Rehearsal rehearsal(std::move(script), {documents.Path(), sounds, current_directory},
                             *files, [&](std::string_view lines) { performance.trace += lines; });
-        Form1 game(rehearsal.Services());
-        if (improviser) rehearsal.Improvise([&] { return improviser(game.gs); });
+        Platform services = rehearsal.Services();
+        ListeningSpeech speech(services.speech);
+        Form1 game({speech, services.sound, services.events, services.files, services.clock,
+                    services.desktop, services.random});
+        if (improviser) {
+            rehearsal.Improvise([&] { return improviser(game.gs, speech.Last()); });
+        }
         const FieldAccess fields{
             [&game](std::string_view field, std::string_view value) {
                 SetField(game.gs, field, value);

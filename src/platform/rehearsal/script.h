@@ -17,11 +17,11 @@ namespace tamlo {
 struct Step {
     enum class Kind { press, upon_speech, upon_sound, after, draw, set, show };
     Kind kind = Kind::press;
-    int line = 0;                    ///< in the script, from 1
-    int key = 0;                     ///< press, upon, after: virtual-key code
-    Ticks delay = 0;                 ///< after
-    std::vector<std::string> words;  ///< upon: text or name; set: field, value; show: fields
-    std::vector<double> numbers;     ///< draw: each 0 <= x < 1
+    int line = 0;                         ///< in the script, from 1
+    int key = 0;                          ///< press, upon, after: virtual-key code
+    Ticks delay = 0;                      ///< after
+    std::vector<std::string> words = {};  ///< upon: text or name; set: field, value; show: fields
+    std::vector<double> numbers = {};     ///< draw: each 0 <= x < 1
 };
 
 struct Script {

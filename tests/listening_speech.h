@@ -1,0 +1,47 @@
+// A voice that remembers what it was last given, for those who answer it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/speech.h"
+
+namespace tamlo {
+
+class ListeningSpeech final : public Speech {
+  public:
+    explicit ListeningSpeech(Speech& speech) : speech_(speech) {}
+
+    std::unique_ptr<SpeechEngine> CreateEngine() override {
+        return std::make_unique<Engine>(speech_.CreateEngine(), last_);
+    }
+    /// The last text spoken or queued.
+    const std::string& Last() const { return last_; }
+
+  private:
+    class Engine final : public SpeechEngine {
+      public:
+        Engine(std::unique_ptr<SpeechEngine> engine, std::string& last)
+            : engine_(std::move(engine)), last_(last) {}
+        void Speak(std::string_view text, SpeakFlags flags) override {
+            if (flags != SpeakFlags::purge) last_ = text;
+            engine_->Speak(text, flags);
+        }
+        RunningState Status() const override { return engine_->Status(); }
+        double SecondsLeft() const override { return engine_->SecondsLeft(); }
+        void SetRate(int rate) override { engine_->SetRate(rate); }
+        void SetVolume(int volume) override { engine_->SetVolume(volume); }
+        int GetVoicesCount() const override { return engine_->GetVoicesCount(); }
+        void SetVoice(int index) override { engine_->SetVoice(index); }
+
+      private:
+        std::unique_ptr<SpeechEngine> engine_;
+        std::string& last_;
+    };
+
+    Speech& speech_;
+    std::string last_;
+};
+
+}  // namespace tamlo
