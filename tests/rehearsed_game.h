@@ -52,6 +52,14 @@ class RehearsedGame {
         return performance;
     }
 
+    /// Runs another story of the game than the game itself.
+    Performance Tell(std::string_view script_text, const std::function<void(Form1&)>& story) {
+        Performance performance;
+        RunTo(performance, Parse(script_text), {}, story);
+        performance.lines = TraceLines(performance.trace);
+        return performance;
+    }
+
     void Write(const std::string& name, std::string_view bytes) const {
         documents.Write("tolvane/" + name, bytes);
     }

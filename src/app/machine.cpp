@@ -1,0 +1,178 @@
+#include "app/machine.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <exception>
+#include <memory>
+#include <string>
+
+#include "game/form1.h"
+#include "platform/desktop/desktop_window.h"
+#include "platform/desktop/sound_output.h"
+#include "platform/end_of_process.h"
+#include "platform/system/disk_files.h"
+#include "platform/system/programs.h"
+#include "platform/system/system_clock.h"
+#include "platform/system/system_desktop.h"
+#include "platform/system/system_random.h"
+#include "platform/terminal/observed.h"
+#include "platform/terminal/piped_events.h"
+#include "platform/terminal/printed_speech.h"
+#include "platform/terminal/terminal_events.h"
+#include "platform/terminal/terminal_front_end.h"
+#include "platform/voice/voice_speech.h"
+
+namespace tamlo {
+namespace {
+
+/// How a run of the game ended.
+struct Ending {
+    EndOfProcess end;
+    bool restart = false;
+};
+
+/// What every place has in common.
+struct Machine {
+    DiskFiles files;
+    SystemClock clock;
+    SystemRandom random;
+};
+
+/// The voice, heard through the sound output for as long as it lives.
+class HeardVoice {
+  public:
+    HeardVoice(SoundOutput& sound, std::function<void()> patience)
+        : sound_(sound), speech_({.patience = std::move(patience), .spoken = {}}) {
+        sound_.Attach(speech_.Stream());
+    }
+    HeardVoice(const HeardVoice&) = delete;
+    HeardVoice& operator=(const HeardVoice&) = delete;
+    ~HeardVoice() { sound_.Detach(speech_.Stream()); }
+
+    Speech& Service() { return speech_; }
+
+  private:
+    SoundOutput& sound_;
+    VoiceSpeech speech_;
+};
+
+EndOfProcess RunGame(const Platform& platform, const Story& story) {
+    try {
+        Form1 game(platform);
+        story(game);
+    } catch (const EndOfProcess& end) {
+        return end;
+    }
+    return {};
+}
+
+/// What is said is printed only where no card makes it heard.
+Ending PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Story& story) {
+    Machine machine;
+    const auto pump = [&] { window.Pump(); };
+    SystemDesktop desktop({.message_box = [&](const std::string& text) { window.MessageBox(text); },
+                           .beep = [&] { sound.Beep(); },
+                           .edit = EditOnDesktop});
+    HeardVoice voice(sound, pump);
+    LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump);
+    PrintedSpeech speech(voice.Service(), printer, [&] { return !sound.Audible(); });
+    const EndOfProcess end = RunGame(
+        {speech, sound.Sound(), window, machine.files, machine.clock, desktop, machine.random},
+        story);
+    return {end, desktop.RestartWanted()};
+}
+
+Ending PlayInTerminal(SoundOutput& sound, const Story& story) {
+    Machine machine;
+    SignalWatch signals;
+    TerminalMode mode(STDIN_FILENO);
+    KeyInput keys(STDIN_FILENO, Gaps::kept, machine.clock, signals);
+    TerminalEvents events(keys, mode, signals);
+    LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, [&] { events.Pump(); });
+    SystemDesktop desktop(
+        {.message_box = [&](const std::string& text) { ShowMessage(text, events, printer); },
+         .beep = [&] { sound.Beep(); },
+         .edit = [&](const std::string& path) { return EditInTerminal(path, mode); }});
+    HeardVoice voice(sound, [&] { events.Pump(); });
+    PrintedSpeech speech(voice.Service(), printer, [] { return true; });
+    const EndOfProcess end = RunGame(
+        {speech, sound.Sound(), events, machine.files, machine.clock, desktop, machine.random},
+        story);
+    return {end, desktop.RestartWanted()};
+}
+
+Ending PlayFromPipe(SoundOutput& sound, const Story& story) {
+    Machine machine;
+    SignalWatch signals;
+    KeyInput keys(STDIN_FILENO, Gaps::lost, machine.clock, signals);
+    Activity activity(machine.clock);
+    PipedEvents events(keys, activity, signals, machine.clock);
+    LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::wait, [&] { events.Pump(); });
+    SystemDesktop desktop(
+        {.message_box = [&](const std::string& text) { ShowMessage(text, events, printer); },
+         .beep = [&] { sound.Beep(); },
+         .edit = [](const std::string&) { return false; }});
+    HeardVoice voice(sound, [&] { events.Pump(); });
+    PrintedSpeech printed(voice.Service(), printer, [] { return true; });
+
+    ObservedSpeech speech(printed, activity);
+    ObservedSound sounds(sound.Sound(), activity);
+    ObservedFiles files(machine.files, activity);
+    ObservedDesktop watched_desktop(desktop, activity);
+    ObservedRandom random(machine.random, activity);
+    const EndOfProcess end =
+        RunGame({speech, sounds, events, files, machine.clock, watched_desktop, random}, story);
+    return {end, desktop.RestartWanted()};
+}
+
+/// The sound is opened before anything that takes time,
+/// so that it is awake when the first word comes.
+Ending Play(const std::string& sounds, const Story& story) {
+    SoundOutput sound(sounds);
+    std::string why_no_window;
+    if (const auto window = DesktopWindow::Open(why_no_window))
+        return PlayInWindow(sound, *window, story);
+    return ::isatty(STDIN_FILENO) != 0 ? PlayInTerminal(sound, story) : PlayFromPipe(sound, story);
+}
+
+void PrintLine(const std::string& line) {
+    const std::string printed = line + '\n';
+    const auto size = static_cast<ssize_t>(printed.size());
+    if (::write(STDOUT_FILENO, printed.data(), printed.size()) == size) return;
+    [[maybe_unused]] const ssize_t told = ::write(STDERR_FILENO, printed.data(), printed.size());
+}
+
+/// Descriptors that are closed would be given to the first file or device that is opened, and
+/// take its bytes for keys, or spoil it with print.
+void OpenStandardStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) < 0 && ::open("/dev/null", O_RDWR) != stream) std::abort();
+    }
+}
+
+}  // namespace
+
+int RunOnThisMachine(const std::string& sounds, const Story& story) {
+    OpenStandardStreams();
+    // A reader of our print that goes away is no reason to fall silent.
+    std::signal(SIGPIPE, SIG_IGN);
+    try {
+        const Ending ending = Play(sounds, story);
+        if (!ending.end.reason.empty()) PrintLine(ending.end.reason);
+        if (!ending.restart) return ending.end.exit_status;
+        RestartProgram();
+        PrintLine("The game could not be started anew.");
+    } catch (const EndOfProcess& end) {
+        if (!end.reason.empty()) PrintLine(end.reason);
+        return end.exit_status;
+    } catch (const std::exception& failure) {
+        PrintLine(std::string("Tamlo Delivery has to end: ") + failure.what());
+    } catch (...) {
+        PrintLine("Tamlo Delivery has to end: something went wrong.");
+    }
+    return 1;
+}
+
+}  // namespace tamlo

@@ -1,0 +1,19 @@
+// Joins the game to the machine it runs on: a window if there is a display, else a terminal, else
+// a pipe; the sound card or a clock in its place; the installed voices.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace tamlo {
+
+class Form1;
+
+/// What is done with the game once it stands: to play it, for the most part.
+using Story = std::function<void(Form1&)>;
+
+/// Runs the story to its EndOfProcess, with the wave files of the folder `sounds`; the process's
+/// exit status. Restarts the program when the game asked for it.
+int RunOnThisMachine(const std::string& sounds, const Story& story);
+
+}  // namespace tamlo
