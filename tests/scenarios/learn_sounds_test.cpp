@@ -11,7 +11,7 @@ TEST(LearnSounds, EachIsNamedAndPlayedAsInTheGame) {
     RehearsedGame game;
     const auto run = game.Tell(
         "press enter q f1 down down down enter\nupon sound tamlo4 down\n"
-        "press up up up up enter enter\nafter 12 escape",
+        "press up up up up enter\nafter 12 escape",
         LearnSounds);
     EXPECT_TRUE(run.Heard(" scooter: pulls away "));
     EXPECT_EQ(run.Count("play tamlo1 once frequency 8000"), 1);
