@@ -191,7 +191,7 @@ class Program:
 
 
 class Terminal:
-    """A program in a terminal of its own, and all that it has printed there."""
+    """A program in a terminal of its own, started in its own folder, and all it prints there."""
 
     def __init__(self, program, folder, environment):
         need("tmux")
@@ -202,8 +202,8 @@ class Terminal:
         self.tmux("-f", "/dev/null", "new-session", "-d", "-x", "80", "-y", "24", "cat")
         self.tmux("set-option", "-g", "remain-on-exit", "on")
         self.tmux("pipe-pane", f"cat >'{self.log}'")
-        self.tmux("respawn-pane", "-k", "env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY",
-                  f"HOME={folder}", *settings, program)
+        self.tmux("respawn-pane", "-k", "-c", os.path.dirname(program),
+                  "env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", f"HOME={folder}", *settings, program)
 
     def tmux(self, *arguments):
         return subprocess.run(["tmux", "-S", self.socket, *arguments], capture_output=True,
