@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "game/form1.h"
+#include "game/play_time.h"
 #include "orders/menu_card.h"
 #include "orders/number_text.h"
 
@@ -71,7 +72,7 @@ int ExpectedTime(const GameState& gs, int k, Corner corner) {
 void MakeOrder(Form1& form, int k) {
     GameState& gs = form.gs;
     const int quantity = DrawQuantity(form);
-    gs.npd += quantity;
+    gs.npd = AddedUp(gs.npd, quantity);
     gs.ordqty(k) = quantity;
     const TamloSize& size = form.draw(4) == 3 ? large : extra_large;
 

@@ -37,5 +37,18 @@ TEST(PlayTime, CarriesIntoMinutesAndHours) {
     EXPECT_EQ(seconds, 40);
 }
 
+TEST(PlayTime, StaysAtTheMostThatFits) {
+    constexpr int most = std::numeric_limits<int>::max();
+    EXPECT_EQ(AddedUp(most - 1, 10), most);
+    EXPECT_EQ(AddedUp(40, 10), 50);
+    int hours = most;
+    int minutes = 59;
+    double seconds = 7260;
+    CarryTime(hours, minutes, seconds);
+    EXPECT_EQ(hours, most);
+    EXPECT_EQ(minutes, 0);
+    EXPECT_EQ(seconds, 0);
+}
+
 }  // namespace
 }  // namespace tamlo
