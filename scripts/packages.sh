@@ -9,4 +9,7 @@ build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev li
 play_packages="espeak-ng-data fonts-dejavu-core"
 
 # Without these some tests are skipped, and say so.
-test_packages="xvfb xdotool pulseaudio pulseaudio-utils tmux procps"
+test_packages="xvfb xdotool pulseaudio pulseaudio-utils tmux procps strace"
+
+# Only scripts/fuzz-long asks for these.
+fuzz_packages="clang-14 libclang-rt-14-dev"

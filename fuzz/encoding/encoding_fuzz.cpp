@@ -1,0 +1,37 @@
+// Any bytes as text: always decoded to UTF-8, cut only between characters.
+#include <string>
+
+#include "fuzzing.h"
+#include "store/text_encoding.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    using namespace tamlo;
+    const std::string_view raw = TextOf(bytes, size);
+    const std::string text = DecodeText(raw);
+    Check(IsUtf8(text) && text.size() <= 3 * size);
+    if (!IsUtf8(raw)) Check(CountCharacters(text) == size);
+
+    std::size_t forward = 0;
+    for (std::string_view rest = raw; !rest.empty(); ++forward) {
+        const std::size_t length = FirstCharacter(rest);
+        Check(length >= 1 && length <= 4 && length <= rest.size());
+        if (const auto code = ToWindows1252(rest)) {
+            Check(FromWindows1252(*code) == rest.substr(0, length));
+            const int small = LowerCase1252(*code);
+            const int capital = UpperCase1252(*code);
+            Check(LowerCase1252(small) == small && UpperCase1252(capital) == capital);
+            Check(small == *code || UpperCase1252(small) == *code);
+        }
+        rest.remove_prefix(length);
+    }
+    Check(CountCharacters(raw) == forward);
+
+    // As when what was typed is taken back, one character at a time.
+    std::string typed = text;
+    for (std::size_t left = CountCharacters(text); !typed.empty(); --left) {
+        Check(left > 0);
+        typed.resize(typed.size() - LastCharacter(typed));
+        Check(IsUtf8(typed));
+    }
+    return 0;
+}
