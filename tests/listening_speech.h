@@ -1,6 +1,7 @@
 // A voice that remembers what it was last given, for those who answer it.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,18 +15,23 @@ class ListeningSpeech final : public Speech {
     explicit ListeningSpeech(Speech& speech) : speech_(speech) {}
 
     std::unique_ptr<SpeechEngine> CreateEngine() override {
-        return std::make_unique<Engine>(speech_.CreateEngine(), last_);
+        return std::make_unique<Engine>(speech_.CreateEngine(), last_, count_);
     }
     /// The last text spoken or queued.
     const std::string& Last() const { return last_; }
+    /// How many texts have been spoken or queued.
+    std::int64_t Count() const { return count_; }
 
   private:
     class Engine final : public SpeechEngine {
       public:
-        Engine(std::unique_ptr<SpeechEngine> engine, std::string& last)
-            : engine_(std::move(engine)), last_(last) {}
+        Engine(std::unique_ptr<SpeechEngine> engine, std::string& last, std::int64_t& count)
+            : engine_(std::move(engine)), last_(last), count_(count) {}
         void Speak(std::string_view text, SpeakFlags flags) override {
-            if (flags != SpeakFlags::purge) last_ = text;
+            if (flags != SpeakFlags::purge) {
+                last_ = text;
+                ++count_;
+            }
             engine_->Speak(text, flags);
         }
         RunningState Status() const override { return engine_->Status(); }
@@ -38,10 +44,12 @@ class ListeningSpeech final : public Speech {
       private:
         std::unique_ptr<SpeechEngine> engine_;
         std::string& last_;
+        std::int64_t& count_;
     };
 
     Speech& speech_;
     std::string last_;
+    std::int64_t count_ = 0;
 };
 
 }  // namespace tamlo
