@@ -1,9 +1,9 @@
 // The game as it is played.
 #include "app/machine.h"
+#include "app/sounds_folder.h"
 #include "game/form1.h"
-#include "platform/system/programs.h"
 
 int main() {
-    return tamlo::RunOnThisMachine(tamlo::ProgramFolder(),
+    return tamlo::RunOnThisMachine(tamlo::SoundsFolder(),
                                    [](tamlo::Form1& game) { game.Form_Load(); });
 }

@@ -12,11 +12,11 @@
 #include <string>
 #include <variant>
 
+#include "app/sounds_folder.h"
 #include "game/form1.h"
 #include "game/game_fields.h"
 #include "platform/rehearsal/rehearsal.h"
 #include "platform/system/disk_files.h"
-#include "platform/system/programs.h"
 
 namespace tamlo {
 namespace {
@@ -112,8 +112,7 @@ Script ParseScript(const std::string& text) {
 
 RehearsalPlaces FindPlaces(const Arguments& arguments, std::optional<FreshFolder>& fresh) {
     RehearsalPlaces places;
-    const std::string built = ProgramFolder() + "/../game";
-    places.sounds = Folder("--sounds", arguments.sounds.value_or(built));
+    places.sounds = Folder("--sounds", arguments.sounds.value_or(SoundsFolder()));
     places.current_directory = Folder("--cwd", arguments.current_directory.value_or(places.sounds));
     if (!arguments.documents) {
         places.documents = fresh.emplace().Path();
