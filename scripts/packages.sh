@@ -8,6 +8,9 @@ build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev li
 # To play what has been built.
 play_packages="espeak-ng-data fonts-dejavu-core"
 
+# What checks the menu entry, the pages and the manual; tests fail without them.
+checking_packages="desktop-file-utils appstream man-db groff codespell liblouis-bin liblouis-data"
+
 # Without these some tests are skipped, and say so.
 test_packages="xvfb xdotool pulseaudio pulseaudio-utils tmux procps strace"
 
