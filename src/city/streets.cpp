@@ -1,6 +1,9 @@
 // City streets files: loading, writing and listing them, and the flows that create, edit and
 // delete them.
 #include "city/streets_file.h"
+
+#include <algorithm>
+
 #include "game/form1.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
@@ -10,10 +13,9 @@
 namespace tamlo {
 namespace {
 
-/// Loads a file's names into the tables; false if it has too few. Names read so far stay.
-bool Load(Form1& form, const std::string& file) {
-    const ReadResult content = form.platform.files.Read(form.path(file));
-    const std::vector<std::string> names = ReadStreetNames(content.bytes);
+/// Puts a file's names into the tables; false if it has too few. Names read so far stay.
+bool Load(Form1& form, const ReadResult& file) {
+    const std::vector<std::string> names = ReadStreetNames(file.bytes);
     int at = 0;
     for (const std::string& name : names) {
         ++at;
@@ -85,9 +87,12 @@ void Form1::setstreets() {
     gs.dirnames(2) = "East";
     gs.dirnames(3) = "South";
     gs.dirnames(4) = "West";
-    if (platform.files.FindFile(path(StreetsFileName("original"))).empty()) {
-        if (!printstreets("original")) gs.nowrite = 1;
-    } else if (!Load(*this, StreetsFileName("original"))) {
+    const ReadResult file = platform.files.Read(path(StreetsFileName("original")));
+    if (file.outcome == ReadResult::Outcome::missing) {
+        if (!printstreets("original")) gs.nowrite = std::max(gs.nowrite, 1);
+    } else if (!Load(*this, file)) {
+        // Never written over: a player may have worked on it for long.
+        if (file.outcome == ReadResult::Outcome::failed) gs.noread = std::max(gs.noread, 1);
         gs.sok = 2;
         sos();
     }
@@ -95,7 +100,7 @@ void Form1::setstreets() {
 }
 
 void Form1::setstreets2() {
-    gs.sok = Load(*this, ChosenFile(*this)) ? 1 : 2;
+    gs.sok = Load(*this, platform.files.Read(path(ChosenFile(*this)))) ? 1 : 2;
 }
 
 void Form1::glocs() {

@@ -178,6 +178,8 @@ class Form1 final : private KeyListener {
     void getdatapath();
     void readCFG();
     void printCFG();
+    /// Tells, once each, that files can't be read or written.
+    void telltroubles();
     /// Full path of one of the player's files.
     std::string path(std::string_view name) const;
     /// Renames a file that can't be understood to a new name; false if that fails.

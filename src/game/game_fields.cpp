@@ -35,21 +35,21 @@ const std::map<std::string, FieldEntry, std::less<>>& Fields() {
 #define TAMLO_FIELD(name) \
     { #name, Entry(&GameState::name) }
     static const std::map<std::string, FieldEntry, std::less<>> fields = {
-        TAMLO_FIELD(g),        TAMLO_FIELD(g2),      TAMLO_FIELD(r),       TAMLO_FIELD(vr),
-        TAMLO_FIELD(vv),       TAMLO_FIELD(nv),      TAMLO_FIELD(nov),     TAMLO_FIELD(gnd),
-        TAMLO_FIELD(wavol),    TAMLO_FIELD(ajv),     TAMLO_FIELD(wcv),     TAMLO_FIELD(rox),
-        TAMLO_FIELD(roy),      TAMLO_FIELD(roz),     TAMLO_FIELD(nsnames), TAMLO_FIELD(ewnames),
-        TAMLO_FIELD(dirnames), TAMLO_FIELD(sok),     TAMLO_FIELD(ncsf),    TAMLO_FIELD(nsf),
-        TAMLO_FIELD(csfnames), TAMLO_FIELD(ordx),    TAMLO_FIELD(ordy),    TAMLO_FIELD(ordtext),
-        TAMLO_FIELD(ordprice), TAMLO_FIELD(ordopen), TAMLO_FIELD(ordeta),  TAMLO_FIELD(ordqty),
-        TAMLO_FIELD(noos),     TAMLO_FIELD(p2d),     TAMLO_FIELD(npd),     TAMLO_FIELD(nst),
-        TAMLO_FIELD(toppings), TAMLO_FIELD(atod),    TAMLO_FIELD(tit),     TAMLO_FIELD(ypt),
-        TAMLO_FIELD(tp5),      TAMLO_FIELD(sped),    TAMLO_FIELD(spedo),   TAMLO_FIELD(mst),
-        TAMLO_FIELD(mew),      TAMLO_FIELD(cartog),  TAMLO_FIELD(evhist),  TAMLO_FIELD(datapath),
-        TAMLO_FIELD(nowrite),  TAMLO_FIELD(badsave), TAMLO_FIELD(cash),    TAMLO_FIELD(plast),
-        TAMLO_FIELD(nhr),      TAMLO_FIELD(nmt),     TAMLO_FIELD(nsd),     TAMLO_FIELD(firsttrip),
-        TAMLO_FIELD(saidhome), TAMLO_FIELD(engon),   TAMLO_FIELD(oc1),     TAMLO_FIELD(triptips),
-        TAMLO_FIELD(lastcust), TAMLO_FIELD(custno),
+        TAMLO_FIELD(g),         TAMLO_FIELD(g2),       TAMLO_FIELD(r),       TAMLO_FIELD(vr),
+        TAMLO_FIELD(vv),        TAMLO_FIELD(nv),       TAMLO_FIELD(nov),     TAMLO_FIELD(gnd),
+        TAMLO_FIELD(wavol),     TAMLO_FIELD(ajv),      TAMLO_FIELD(wcv),     TAMLO_FIELD(rox),
+        TAMLO_FIELD(roy),       TAMLO_FIELD(roz),      TAMLO_FIELD(nsnames), TAMLO_FIELD(ewnames),
+        TAMLO_FIELD(dirnames),  TAMLO_FIELD(sok),      TAMLO_FIELD(ncsf),    TAMLO_FIELD(nsf),
+        TAMLO_FIELD(csfnames),  TAMLO_FIELD(ordx),     TAMLO_FIELD(ordy),    TAMLO_FIELD(ordtext),
+        TAMLO_FIELD(ordprice),  TAMLO_FIELD(ordopen),  TAMLO_FIELD(ordeta),  TAMLO_FIELD(ordqty),
+        TAMLO_FIELD(noos),      TAMLO_FIELD(p2d),      TAMLO_FIELD(npd),     TAMLO_FIELD(nst),
+        TAMLO_FIELD(toppings),  TAMLO_FIELD(atod),     TAMLO_FIELD(tit),     TAMLO_FIELD(ypt),
+        TAMLO_FIELD(tp5),       TAMLO_FIELD(sped),     TAMLO_FIELD(spedo),   TAMLO_FIELD(mst),
+        TAMLO_FIELD(mew),       TAMLO_FIELD(cartog),   TAMLO_FIELD(evhist),  TAMLO_FIELD(datapath),
+        TAMLO_FIELD(nowrite),   TAMLO_FIELD(noread),   TAMLO_FIELD(badsave), TAMLO_FIELD(cash),
+        TAMLO_FIELD(plast),     TAMLO_FIELD(nhr),      TAMLO_FIELD(nmt),     TAMLO_FIELD(nsd),
+        TAMLO_FIELD(firsttrip), TAMLO_FIELD(saidhome), TAMLO_FIELD(engon),   TAMLO_FIELD(oc1),
+        TAMLO_FIELD(triptips),  TAMLO_FIELD(lastcust), TAMLO_FIELD(custno),
     };
 #undef TAMLO_FIELD
     return fields;

@@ -39,13 +39,6 @@ void SetDefaults(GameState& gs) {
     gs.gnd = 1;
 }
 
-/// Told once: a player would otherwise learn of it only by losing a day.
-void TellUnwritable(Form1& form) {
-    if (form.gs.nowrite != 1) return;
-    form.say(" I 'm sorry, but the files of the game can not be written to " + form.gs.datapath +
-             ". Your settings and your game will not be saved. ");
-}
-
 }  // namespace
 
 void Form1::startup() {
@@ -67,7 +60,7 @@ void Form1::startup() {
     say(" Tamlo Delivery. version 3. ");
     gs.oc1 = 1;
     gesaga();
-    TellUnwritable(*this);
+    telltroubles();
     ldwv();
     setmaxa();
     dy(0.3);

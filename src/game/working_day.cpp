@@ -101,6 +101,7 @@ void Visit(Form1& form) {
 
 bool Form1::startgame() {
     glocs();
+    telltroubles();  // before a day is worked in vain
     if (gs.ncsf == 1) return true;
     dy(0.2);
     ssf(" select the city streets file to play ");

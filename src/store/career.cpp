@@ -1,4 +1,5 @@
 // The career between days: quitting for the day, resuming, deleting the saved game; and the log.
+#include <algorithm>
 #include <array>
 
 #include "driving/vehicles.h"
@@ -79,15 +80,17 @@ void StartLog(Form1& form) {
     const std::string header = " Tamlo Delivery log file on " + TwoDigits(today.month) + "-" +
                                TwoDigits(today.day) + "-" + std::to_string(today.year);
     if (!form.platform.files.Replace(form.path(log_name), header + "\r\n\r\n")) {
-        form.gs.nowrite = 1;
+        form.gs.nowrite = std::max(form.gs.nowrite, 1);
     }
 }
 
-/// A career that can't be understood is kept under another name, and the player told.
-void LoseCareer(Form1& form) {
+/// A career that can't be understood is kept under another name, and the player told. One that
+/// can't even be read stays where it is: the next start may have more luck.
+void LoseCareer(Form1& form, bool was_read) {
     form.logline("");
-    std::string text = " I 'm sorry, but the saved game can not be understood. ";
-    if (form.putaside(saved_game_name)) {
+    std::string text = std::string(" I 'm sorry, but the saved game can not be ") +
+                       (was_read ? "understood. " : "read. ");
+    if (was_read && form.putaside(saved_game_name)) {
         text += "It has been put aside, and a new game begins. ";
     } else {
         form.gs.badsave = 1;
@@ -128,7 +131,9 @@ void TellCareer(Form1& form) {
 
 // A log that can't be written never stops the game.
 void Form1::logline(std::string_view line) {
-    if (!platform.files.Append(path(log_name), std::string(line) + "\r\n")) gs.nowrite = 1;
+    if (!platform.files.Append(path(log_name), std::string(line) + "\r\n")) {
+        gs.nowrite = std::max(gs.nowrite, 1);
+    }
 }
 
 bool Form1::saga() {
@@ -157,17 +162,17 @@ bool Form1::saga() {
 
 void Form1::gesaga() {
     gs.npd = 0;
-    if (platform.files.FindFile(path(saved_game_name)).empty()) {
+    const ReadResult file = platform.files.Read(path(saved_game_name));
+    if (file.outcome == ReadResult::Outcome::missing) {
         StartLog(*this);
         return;
     }
     dy(0.3);
     say2(" getting saved game. ");
-    const ReadResult file = platform.files.Read(path(saved_game_name));
     const auto game = DecodeSavedGame(file.bytes);
     dy(0.3);
     if (!game) {
-        LoseCareer(*this);
+        LoseCareer(*this, file.outcome == ReadResult::Outcome::ok);
         return;
     }
     gs.cash = game->cash;

@@ -1,4 +1,6 @@
 // The folder of the player's files, and the settings kept in it.
+#include <algorithm>
+
 #include "game/form1.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
@@ -40,12 +42,28 @@ bool Form1::putaside(const std::string& name) {
 
 void Form1::readCFG() {
     const ReadResult file = platform.files.Read(path("tamlo.cfg"));
+    if (file.outcome == ReadResult::Outcome::failed) gs.noread = std::max(gs.noread, 1);
     const Settings settings = ParseSettings(file.bytes, gs.nov);
     gs.nv = settings.nv;
     gs.vr = settings.vr;
     gs.vv = settings.vv;
     gs.wavol = settings.wavol;
     gs.gnd = settings.gnd;
+}
+
+// A player would otherwise learn of it only by losing a day, or wonder at a voice and streets that
+// are not the usual ones.
+void Form1::telltroubles() {
+    if (gs.noread == 1) {
+        gs.noread = 2;
+        say(" I 'm sorry, but some files of the game can not be read. Your settings or the names "
+            "of "
+            "the streets may not be your own. ");
+    }
+    if (gs.nowrite != 1) return;
+    gs.nowrite = 2;
+    say(" I 'm sorry, but the files of the game can not be written to " + gs.datapath +
+        ". Your settings and your game will not be saved. ");
 }
 
 void Form1::printCFG() {
