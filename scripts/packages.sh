@@ -3,7 +3,7 @@
 
 # To build anything at all: one configuration serves the game, its tools and its tests.
 build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libespeak-ng-dev
-    flite1-dev libpng-dev libgtest-dev libgmock-dev libbenchmark-dev"
+    flite1-dev libpng-dev liblouis-dev libgtest-dev libgmock-dev libbenchmark-dev"
 
 # To play what has been built.
 play_packages="espeak-ng-data fonts-dejavu-core"
