@@ -12,6 +12,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/desktop/realtime.h"
 #include "platform/desktop/sound_servers.h"
 
 namespace tamlo {
@@ -185,6 +186,7 @@ void SoundCard::Keeper::OnBlock(void* keeper, Uint8* bytes, int count) {
 // A server holds about one block more than the one it is asking for, so that a block asked for
 // two blocks' time after the last has most likely left a gap.
 void SoundCard::Keeper::Fill(float* stereo, int frames) {
+    if (blocks_ == 0) TakeRealTime();
     const auto now = Clock::now();
     const auto block_time = std::chrono::microseconds(1000000LL * frames / stream_rate);
     const auto gap = now - last_block_;
@@ -232,6 +234,7 @@ SoundCard::SoundCard(std::shared_ptr<Tap> tap, std::function<bool()> may_interru
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tamlo Delivery");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, "Tamlo Delivery");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
+    AskForRealTime();
     // The thread shares the keeper, so that it can be left behind in a driver that hangs.
     std::thread([keeper = keeper_] { keeper->Run(); }).detach();
     keeper_->AwaitFirstOpening();
