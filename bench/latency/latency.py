@@ -140,6 +140,8 @@ def main(game, bench):
         measuring = Bench(game, bench, folder, options)
         try:
             measuring.run()
+        except unittest.SkipTest as missing:
+            raise SystemExit(str(missing)) from None
         finally:
             stop(measuring.display.server)
     print("load after:", *os.getloadavg())

@@ -58,11 +58,12 @@ class Player:
 
     def __init__(self, command, folder, display, server, bench, keyboard, cwd):
         self.recording, self.keyboard = server.recording, keyboard
-        self.stamps = Stamps(os.path.join(folder, "stamps"))
+        stamps = os.path.join(folder, "stamps of the " + self.name)
+        self.stamps = Stamps(stamps)
         self.program = Program(command, folder, cwd=cwd, environment={
             **display.environment, **server.environment,
             "LD_PRELOAD": os.path.join(bench, "liblatency_stamps.so"),
-            "TAMLO_STAMPS": os.path.join(folder, "stamps")})
+            "TAMLO_STAMPS": stamps})
         self.begin = self.program.begin
 
     def start_to_sound(self):
@@ -89,8 +90,8 @@ class Player:
 class Reference(Player):
     name = "reference"
 
-    def __init__(self, folder, display, server, bench, keyboard, **_):
-        super().__init__([os.path.join(bench, "reference_program")], folder, display, server,
+    def __init__(self, folder, display, server, bench, keyboard, frames=256, **_):
+        super().__init__([os.path.join(bench, "reference_program"), str(frames)], folder, display, server,
                          bench, keyboard, folder)
 
     def reach(self, _condition):
@@ -225,13 +226,13 @@ class Service:
         figures["silence"].append(self.recording.await_quiet(asked, 0.1) - asked)
         self.settle()
         asked = time.monotonic()
-        self.say("select. female")
-        self.recording.await_onset(asked)
-        self.recording.await_quiet(time.monotonic(), 0.07)
+        self.say("we were away all year")  # voiced throughout: the first silence is the break
+        time.sleep(self.recording.await_onset(asked) - time.monotonic() + random.uniform(0.4, 0.42))
         asked = time.monotonic()
         self.tell("CANCEL SELF")
         self.say("male")
-        figures["break off and say"].append(self.recording.await_onset(asked) - asked)
+        broken_off = self.recording.await_quiet(asked, 0.004)
+        figures["break off and say"].append(self.recording.await_onset(broken_off + 0.004) - asked)
 
     def close(self):
         self.socket.close()

@@ -1,11 +1,13 @@
 // The least that can answer a key with sound: a window, a sound device with blocks like the game's,
 // and one utterance that is ready in memory. What it takes is the machine's share of the game's
-// delays. Any key starts the utterance anew, Escape silences it.
+// delays. Any key starts the utterance anew, Escape silences it. The argument is the number of
+// frames of a block.
 #include <SDL2/SDL.h>
 
 #include <array>
 #include <atomic>
 #include <cmath>
+#include <cstdlib>
 #include <numbers>
 
 namespace {
@@ -31,7 +33,7 @@ void Fill(void* /*user*/, Uint8* bytes, int count) {
 
 }  // namespace
 
-int main() {
+int main(int count, char** arguments) {
     for (int i = 0; i < length; ++i) {
         const double angle = 2 * std::numbers::pi * 220 * i / rate;
         utterance[static_cast<std::size_t>(i)] = static_cast<float>(0.3 * std::cos(angle));
@@ -41,7 +43,7 @@ int main() {
     wanted.freq = rate;
     wanted.format = AUDIO_F32SYS;
     wanted.channels = 2;
-    wanted.samples = 256;
+    wanted.samples = static_cast<Uint16>(count > 1 ? std::atoi(arguments[1]) : 256);
     wanted.callback = Fill;
     const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     SDL_PauseAudioDevice(device, 0);

@@ -20,8 +20,8 @@ namespace tamlo {
 namespace {
 
 constexpr const char* default_caption = " Tamlo Delivery ";
-constexpr double longest_sleep = 0.2;  // s; a signal can slip in just before a sleep begins
-constexpr Uint32 focus_echo = 5;       // ms
+constexpr double longest_sleep = 0.25;  // s; a signal can slip in just before a sleep begins
+constexpr Uint32 focus_echo = 5;        // ms
 
 /// Events that would only fill the queue while the game speaks and takes no turn.
 constexpr Uint32 unwanted_events[] = {
