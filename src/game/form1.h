@@ -145,6 +145,8 @@ class Form1 final : private KeyListener {
     void saytime();
     void sayctt();
     void sayrealtime();
+    /// Does what F2 to F6 do wherever the driver is; false if the pending key is none of them.
+    bool announce();
     /// Money as text, into `tp5`.
     void fm5(double dollars);
     /// Fills the table of toppings.

@@ -16,25 +16,6 @@ bool AtRestaurant(const GameState& gs) {
     return gs.roy == 23 && (gs.rox == 51 || gs.rox == 52);
 }
 
-/// F2 to F6; false for any other key.
-bool Announce(Form1& form) {
-    const std::string& g = form.gs.g;
-    if (g == keys::f2) {
-        form.saytime();
-    } else if (g == keys::f3) {
-        form.sayctt();
-    } else if (g == keys::f4) {
-        form.saylay();
-    } else if (g == keys::f5) {
-        form.togcar();
-    } else if (g == keys::f6) {
-        form.sayrealtime();
-    } else {
-        return false;
-    }
-    return true;
-}
-
 MenuKey DepartureKey(Form1& form) {
     const std::string& g = form.gs.g;
     if (g == keys::left) return MenuKey::Move(1);
@@ -44,7 +25,7 @@ MenuKey DepartureKey(Form1& form) {
         form.runEnd();
     }
     if (g == keys::f1) return MenuKey::Leave(repeat_orders);
-    return Announce(form) ? MenuKey::Restart() : MenuKey{};
+    return form.announce() ? MenuKey::Restart() : MenuKey{};
 }
 
 MenuKey CornerKey(Form1& form) {
@@ -56,7 +37,7 @@ MenuKey CornerKey(Form1& form) {
         form.sayord();
         return MenuKey::Leave(repeat_corner);
     }
-    return Announce(form) ? MenuKey::Leave(repeat_corner) : MenuKey{};
+    return form.announce() ? MenuKey::Leave(repeat_corner) : MenuKey{};
 }
 
 /// Reads the orders and starts the engine, once a trip.

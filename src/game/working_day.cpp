@@ -39,23 +39,11 @@ void CheckCash(Form1& form) {
 }
 
 MenuKey RestaurantKey(Form1& form) {
-    const std::string& g = form.gs.g;
-    if (g == keys::f1) {
+    if (form.gs.g == keys::f1) {
         form.sayord();
-    } else if (g == keys::f2) {
-        form.saytime();
-    } else if (g == keys::f3) {
-        form.sayctt();
-    } else if (g == keys::f4) {
-        form.saylay();
-    } else if (g == keys::f5) {
-        form.togcar();
-    } else if (g == keys::f6) {
-        form.sayrealtime();
-    } else {
-        return {};
+        return MenuKey::Restart();
     }
-    return MenuKey::Restart();
+    return form.announce() ? MenuKey::Restart() : MenuKey{};
 }
 
 /// The restaurant menu, until the player delivers; quitting ends the process.

@@ -5,6 +5,7 @@
 #include "orders/clock_text.h"
 #include "platform/clock.h"
 #include "platform/speech.h"
+#include "speech/key_codes.h"
 
 namespace tamlo {
 namespace {
@@ -59,6 +60,23 @@ void Form1::sayctt() {
 
 void Form1::sayrealtime() {
     say2(" The real time is " + RealTime(platform.clock.Now()));
+}
+
+bool Form1::announce() {
+    if (gs.g == keys::f2) {
+        saytime();
+    } else if (gs.g == keys::f3) {
+        sayctt();
+    } else if (gs.g == keys::f4) {
+        saylay();
+    } else if (gs.g == keys::f5) {
+        togcar();
+    } else if (gs.g == keys::f6) {
+        sayrealtime();
+    } else {
+        return false;
+    }
+    return true;
 }
 
 }  // namespace tamlo

@@ -192,7 +192,8 @@ std::optional<int> TerminalKeys::Take() {
     if (keys_.empty()) return std::nullopt;
     const int key = keys_.front();
     keys_.pop_front();
-    if (key == shift_key) turns_to_wait_ = turns_after_shift;
+    // A pipe waits for the game to rest before each key; only its Shift goes straight on.
+    if (gaps_ == Gaps::kept || key == shift_key) turns_to_wait_ = turns_between_keys;
     return key;
 }
 

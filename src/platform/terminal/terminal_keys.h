@@ -1,4 +1,4 @@
-// What a terminal sends for its keys, turned into virtual-key codes, one an event turn.
+// What a terminal sends for its keys, turned into virtual-key codes, a few event turns apart.
 #pragma once
 
 #include <chrono>
@@ -24,9 +24,10 @@ class TerminalKeys {
 
     /// How long the rest of an escape sequence may take.
     static constexpr Time sequence_time{40000};
-    /// A key that needs Shift comes this many turns after it: the player's Shift, too, is seen by
-    /// the game before the next key, and a key in the very next turns would lose its character.
-    static constexpr int turns_after_shift = 3;
+    /// A key comes no sooner than this many turns after the one before: in the very next turns,
+    /// in which the game clears the pending key, it would lose its character. Two digits that a
+    /// busy machine reads at once are still two digits.
+    static constexpr int turns_between_keys = 3;
 
     explicit TerminalKeys(Gaps gaps) : gaps_(gaps) {}
 
