@@ -72,6 +72,16 @@ class Quickness(Case):
                 return
         self.fail(f"slower than the reference program by {slower} s")
 
+    def test_a_held_key_leaves_nothing_behind(self):
+        server, display = self.own(PulseAudio(self.folder)), self.own(Display())
+        game = self.own(Game(self.folder, display, server, BENCH, Keyboard(display), game=GAME))
+        game.reach("menu")
+        repeats, grown, keys_taken, spoken = game.hold(8)
+        self.assertGreater(repeats, 5)  # a second; 25 on a quiet machine
+        self.assertLess(grown, 0.5)
+        self.assertLess(keys_taken, 0.5)
+        self.assertLess(spoken, 4)  # the last item, which takes a second or two
+
 
 if __name__ == "__main__":
     del sys.argv[2]

@@ -23,7 +23,7 @@ class Keyboard:
         """Presses and releases a key; returns the time of the press."""
         self.down(key)
         pressed = time.monotonic()
-        self.x11.XFlush(self.display)
+        self.flush()
         self.up(key)
         return pressed
 
@@ -32,4 +32,7 @@ class Keyboard:
 
     def up(self, key):
         self.xtst.XTestFakeKeyEvent(self.display, self.codes[key], 0, 0)
+        self.flush()
+
+    def flush(self):
         self.x11.XFlush(self.display)

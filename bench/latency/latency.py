@@ -5,8 +5,9 @@ service, and a speech program that is started for each text."""
 import argparse
 import collections
 import json
-import os
+import signal
 import statistics
+import sys
 import tempfile
 import time
 import unittest
@@ -22,11 +23,28 @@ def quantile(values, share):
     return ordered[min(len(ordered) - 1, int(share * len(ordered)))]
 
 
+class Load:
+    """How busy the machine is: figures of a busy one tell little of the game."""
+
+    def __init__(self):
+        self.before = self.times()
+
+    @staticmethod
+    def times():
+        with open("/proc/stat", encoding="ascii") as file:
+            return [int(time) for time in file.readline().split()[1:9]]
+
+    def busy(self):
+        """Percent of the time since the start that the processors were not idle."""
+        spent = [after - before for before, after in zip(self.before, self.times())]
+        return round(100 * (1 - spent[3] / max(1, sum(spent))))
+
+
 class Report:
     def __init__(self):
         self.rows = []
 
-    def add(self, server, program, frames, condition, figure, values, dropouts):
+    def add(self, server, program, frames, condition, figure, values, dropouts, load):
         if not values:
             return
         scale = 1 if figure == "callbacks" else 1000
@@ -34,14 +52,15 @@ class Report:
                "figure": figure, "n": len(values),
                "p50": round(scale * statistics.median(values), 1),
                "p90": round(scale * quantile(values, 0.9), 1),
-               "max": round(scale * max(values), 1), "dropouts": dropouts}
+               "max": round(scale * max(values), 1), "dropouts": dropouts,
+               "busy": load.busy()}
         self.rows.append(row)
         print("{server:10} {program:14} {frames!s:>11} {condition:8} {figure:17} {n:3} "
-              "{p50:7.1f} {p90:7.1f} {max:7.1f}  {dropouts}".format(**row), flush=True)
+              "{p50:7.1f} {p90:7.1f} {max:7.1f} {dropouts!s:>9} {busy:3} %".format(**row), flush=True)
 
     def heading(self):
         print(f"{'server':10} {'program':14} {'frames':>11} {'state':8} {'figure':17} {'n':>3} "
-              f"{'p50':>7} {'p90':>7} {'max':>7}  drop-outs", flush=True)
+              f"{'p50':>7} {'p90':>7} {'max':>7} drop-outs  busy", flush=True)
 
 
 class Bench:
@@ -59,6 +78,7 @@ class Bench:
         figures = collections.defaultdict(list)
         try:
             program.reach(condition)
+            load = Load()
             begin = time.monotonic()
             for _ in range(self.options.trials):
                 program.trial(figures)
@@ -68,13 +88,14 @@ class Bench:
         finally:
             program.close()
         for figure, values in figures.items():
-            self.report.add(server.name, program.name, frames, condition, figure, values, gaps)
+            self.report.add(server.name, program.name, frames, condition, figure, values, gaps,
+                            load)
         time.sleep(0.5)
 
     def starts(self, server):
         """From the start of the process; the first, which fills the caches, does not count."""
         for kind in (Game, Service):
-            delays = []
+            delays, load = [], Load()
             for _ in range(1 + self.options.starts):
                 program = (self.player(kind, server) if kind is Game
                            else kind(self.folder, server))
@@ -83,18 +104,27 @@ class Bench:
                 program.close()
                 time.sleep(0.5)
             self.report.add(server.name, kind.name, frames, "start", "first sound", delays[1:],
-                            None)
+                            None, load)
 
-    def idle(self, server):
-        """Drop-outs while nothing happens."""
+    def long(self, server, what):
+        """What shows only in the course of minutes: drop-outs while nothing happens, and what a
+        held key leaves behind."""
+        seconds = 60 * self.options.minutes
         program = self.player(Game, server)
         try:
             program.reach("menu")
-            begin = time.monotonic()
-            time.sleep(60 * self.options.idle)
+            begin, load = time.monotonic(), Load()
+            if what == "idle":
+                time.sleep(seconds)
+            else:
+                repeats, grown, keys_taken, spoken = program.hold(seconds)
             gaps = server.recording.gaps_between(begin, time.monotonic())
-            self.report.add(server.name, program.name, program.stamps.frames(), "menu",
-                            "idle minutes", [self.options.idle * 0.06], gaps)
+            print(f"{server.name}: {what} for {seconds:.0f} s; {gaps} drop-outs; blocks of "
+                  f"{program.stamps.frames()} frames; {program.resident():.1f} MB; machine "
+                  f"{load.busy()} % busy")
+            if what == "held":
+                print(f"{repeats:.0f} repeats a second; {grown:.2f} MB more; after the release keys "
+                      f"taken for {1000 * keys_taken:.0f} ms, speech for {spoken:.1f} s")
         finally:
             program.close()
 
@@ -121,8 +151,9 @@ class Bench:
             self.measure(server, Command(self.folder, server), "cold")
         if "starts" in wanted:
             self.starts(server)
-        if "idle" in wanted:
-            self.idle(server)
+        for what in ("idle", "held"):
+            if what in wanted:
+                self.long(server, what)
 
 
 def main(game, bench):
@@ -130,12 +161,12 @@ def main(game, bench):
     parser.add_argument("--json", metavar="FILE", help="writes the figures there as well")
     parser.add_argument("--trials", type=int, default=25, help="keys a figure (25)")
     parser.add_argument("--starts", type=int, default=5, help="starts of each program (5)")
-    parser.add_argument("--idle", type=float, default=10, help="minutes of the idle test (10)")
+    parser.add_argument("--minutes", type=float, default=10, help="of idle and held (10)")
     parser.add_argument("--server", choices=["PulseAudio", "PipeWire"], help="only this one")
     parser.add_argument("--figures", nargs="+", default=["keys", "others", "starts"],
-                        choices=["keys", "others", "starts", "idle"])
+                        choices=["keys", "others", "starts", "idle", "held"])
     options = parser.parse_args()
-    print("load before:", *os.getloadavg())
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     with tempfile.TemporaryDirectory() as folder:
         measuring = Bench(game, bench, folder, options)
         try:
@@ -144,7 +175,6 @@ def main(game, bench):
             raise SystemExit(str(missing)) from None
         finally:
             stop(measuring.display.server)
-    print("load after:", *os.getloadavg())
     if options.json:
         with open(options.json, "w", encoding="ascii") as file:
             json.dump(measuring.report.rows, file, indent=1)

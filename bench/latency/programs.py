@@ -16,7 +16,7 @@ from machine import Program, need, stop, wait_until
 LOOPS = ("tamlo3", "tamlob1", "tamlob2", "tamlob3", "tamlob4")  # scooter's idle, backgrounds
 DEVICE, KEY, BLOCK = 1, 2, 3
 STAMP = struct.Struct("<qii")
-MOST_STAMPS = 1 << 17
+MOST_STAMPS = 1 << 18
 
 
 class Stamps:
@@ -34,6 +34,10 @@ class Stamps:
             when, kind, value = STAMP.unpack_from(
                 self.memory, 8 + number % MOST_STAMPS * STAMP.size)
             yield when / 1e9, kind, value
+
+    def keys(self, since):
+        """When the program took keys after a moment."""
+        return [when for when, kind, _ in self.all() if kind == KEY and when >= since]
 
     def frames(self):
         """Of a block, at each opening of the device: [256] when all went well."""
@@ -82,6 +86,11 @@ class Player:
         pressed = self.keyboard.press(key)
         time.sleep(0.05)
         return self.recording.await_quiet(pressed, 0.1) - pressed
+
+    def resident(self):
+        """Memory in use, in MB."""
+        with open(f"/proc/{self.program.process.pid}/status", encoding="ascii") as file:
+            return next(int(line.split()[1]) / 1024 for line in file if line.startswith("VmRSS"))
 
     def close(self):
         self.program.close()
@@ -136,6 +145,23 @@ class Game(Player):
             self.home = ["Up"]
         self.walk(*self.home)
         self.settle()
+
+    def hold(self, seconds):
+        """Holds a key, which the display repeats. Returns its repeats a second, by how much the
+        memory grew meanwhile (MB), and how much longer keys were taken after the release and
+        something was spoken (seconds)."""
+        pressed = time.monotonic()
+        self.keyboard.down("Down")
+        self.keyboard.flush()
+        time.sleep(2)
+        before = self.resident()
+        time.sleep(max(0, seconds - 2))
+        grown = self.resident() - before
+        released = time.monotonic()
+        self.keyboard.up("Down")
+        quiet = self.recording.await_quiet(released, 0.5)
+        keys = self.stamps.keys(pressed)
+        return len(keys) / seconds, grown, max(keys) - released, quiet - released
 
     def walk(self, *keys):
         for key in keys:

@@ -19,7 +19,7 @@ struct Stamp {
 };
 
 /// More than ten minutes of the smallest blocks; then the oldest are written over.
-constexpr std::uint64_t most_stamps = 1 << 17;
+constexpr std::uint64_t most_stamps = 1 << 18;
 
 struct StampFile {
     std::atomic<std::uint64_t> count;  ///< of all stamps ever made
