@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Kills the game before and after the calls by which it touches the player's files, and has those
-calls fail; then the game must find the old files or the new ones, and start as if nothing had been.
+"""Kills the game before and after the calls by which it touches the player's files, has those
+calls fail, and lets files end in the middle of a write; then the game must find the old files or
+the new ones, and start as if nothing had been.
 
 kill_test.py REHEARSE [--every N]: REHEARSE is tamlo-rehearse. Every call that changes the disk is
-tried, and of the others, which leave it as the call before did, one in N (6).
+tried, and of the others, which leave it as the call before did, one in N (12).
 """
 
 import argparse
@@ -11,6 +12,7 @@ import concurrent.futures
 import os
 import pathlib
 import re
+import resource
 import shutil
 import subprocess
 import sys
@@ -43,9 +45,16 @@ class Machine:
         for name, script in (("day", DAY), ("next", NEXT)):
             (work / name).write_text(script, encoding="utf-8")
 
-    def run(self, script, documents, strace=()):
+    def run(self, script, documents, strace=(), longest_file=None):
+        """longest_file: bytes behind which a write stops short and the next one fails."""
+        def limit():
+            if longest_file is not None:
+                resource.setrlimit(resource.RLIMIT_FSIZE, (longest_file, longest_file))
+
         command = [*strace, self.rehearse, "--documents", documents, self.work / script]
-        return subprocess.run(command, capture_output=True, text=True, timeout=120, check=False)
+        # Our own ignoring of the signal that comes with the limit is passed on.
+        return subprocess.run(command, capture_output=True, text=True, timeout=120, check=False,
+                              preexec_fn=limit, restore_signals=False)
 
     def strace(self, *options, log="/dev/null"):
         return ["strace", "-f", "-y", "-o", log, "-e", "trace=file,desc", *options]
@@ -152,21 +161,47 @@ class Day:
         return [f"{self.name}, {error} from {name} {number}: {what}" for what in wrong]
 
 
+    def run_short(self, longest_file):
+        documents = self.fresh(f"short-{longest_file}")
+        day = self.machine.run("day", documents, longest_file=longest_file)
+        wrong = [] if day.returncode == 0 else [f"the day ends with {day.returncode}"]
+        found = contents(documents)
+        told = {"tamlo.sav": "the game could not be saved",
+                "tamlo.cfg": "your settings could not be saved",
+                "tamlostreets.txt": "can not be written to"}
+        for name, sentence in told.items():
+            if found[name] not in (None, self.before[name], self.after[name]) and \
+                    len(found[name]) != len(self.after[name]):
+                wrong.append(f"{name} is a part of the new one")
+            if found[name] != self.after[name] and found[name] == self.before[name] and \
+                    sentence not in day.stdout:
+                wrong.append(f"{name} is not stored, and nothing is said")
+        if not (found["tamlolog.txt"] or b"\r\n").endswith(b"\r\n"):
+            wrong.append("the log ends in the middle of a line")
+        wrong += wrong_start(self.machine, documents)
+        shutil.rmtree(documents)
+        return [f"{self.name}, files of {longest_file} bytes: {what}" for what in wrong]
+
+
 def trials(day, every):
     others = 0
     for call in day.calls:
-        others += not call[2]
-        if call[2] or others % every == 0:
+        # For a game that is killed, unlike for a power cut, flushing changes nothing.
+        changes = call[2] and call[0] != "fsync"
+        others += not changes
+        if changes or others % every == 0:
             yield lambda call=call: day.kill(call)
     for number, call in enumerate(call for call in day.calls if call[2]):
         for error in ERRORS if every == 1 else (ERRORS[number % len(ERRORS)],):
             yield lambda call=call, error=error: day.fail(call, error)
+    for longest_file in range(0, 2400, 6 * every):
+        yield lambda longest_file=longest_file: day.run_short(longest_file)
 
 
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("rehearse", type=pathlib.Path)
-    parser.add_argument("--every", type=int, default=6)
+    parser.add_argument("--every", type=int, default=12)
     arguments = parser.parse_args()
     probe = ["strace", "-o", "/dev/null", "-e", "inject=getppid:error=EIO", "true"]
     if not shutil.which("strace") or subprocess.run(probe, capture_output=True,
