@@ -1,11 +1,12 @@
 #include "city/streets_file.h"
 
+#include <algorithm>
+
 #include "store/text_encoding.h"
 
 namespace tamlo {
 namespace {
 
-constexpr std::size_t longest_name = 200;  // characters; nobody waits for a longer one
 constexpr std::size_t longest_file_name = 255;
 constexpr char end_of_text = 26;
 
@@ -15,6 +16,9 @@ class FieldReader {
     explicit FieldReader(std::string_view text) : text_(text.substr(0, text.find(end_of_text))) {}
 
     bool AtEnd() const { return at_ == text_.size(); }
+
+    /// The line that the next field begins on.
+    int Line() const { return line_; }
 
     std::string Next() {
         while (!AtEnd() && text_[at_] == ' ') ++at_;
@@ -31,17 +35,20 @@ class FieldReader {
         const bool cr_lf =
             delimiter != text_.npos && text_[delimiter] == '\r' && !AtEnd() && text_[at_] == '\n';
         if (cr_lf) ++at_;
+        const bool line_end = delimiter != text_.npos && text_[delimiter] != ',';
+        line_ += static_cast<int>(std::count(field.begin(), field.end(), '\n')) + line_end;
         return field;
     }
 
   private:
     std::string_view text_;
     std::size_t at_ = 0;
+    int line_ = 1;
 };
 
 void Shorten(std::string& name) {
     std::size_t end = 0;
-    for (std::size_t i = 0; i < longest_name && end < name.size(); ++i) {
+    for (std::size_t i = 0; i < longest_street_name && end < name.size(); ++i) {
         end += FirstCharacter(std::string_view(name).substr(end));
     }
     name.resize(end);
@@ -58,6 +65,29 @@ std::vector<std::string> ReadStreetNames(std::string_view bytes) {
         Shorten(names.back());
     }
     return names;
+}
+
+std::vector<StreetField> ReadStreetFields(std::string_view bytes) {
+    const std::string text = DecodeText(bytes);
+    FieldReader reader(text);
+    std::vector<StreetField> fields;
+    while (!reader.AtEnd()) {
+        const int line = reader.Line();
+        fields.push_back({reader.Next(), line});
+    }
+    return fields;
+}
+
+std::optional<std::string> WriteStreetNames(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names) {
+        if (name.find_first_of("\r\n\x1A") != name.npos) return std::nullopt;
+        if (name.starts_with(' ') || name.starts_with('"')) return std::nullopt;
+        const bool comma = name.find(',') != name.npos;
+        if (comma && name.find('"') != name.npos) return std::nullopt;
+        text += comma ? '"' + name + "\"\r\n" : name + "\r\n";
+    }
+    return text;
 }
 
 std::string StreetsFileName(std::string_view city) {

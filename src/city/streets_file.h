@@ -1,6 +1,7 @@
 // City streets files: 147 names, one a field; and which names of cities can name a file.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 namespace tamlo {
 
 inline constexpr int names_in_a_city = most_roads + most_streets;
+inline constexpr std::size_t longest_street_name = 200;  // characters; nobody waits for more
 inline constexpr std::string_view streets_prefix = "tamlostreets";
 inline constexpr std::string_view streets_ending = ".txt";
 
@@ -17,6 +19,19 @@ inline constexpr std::string_view streets_ending = ".txt";
 /// characters. A field ends at a comma or a line end (CR LF, CR or LF), blanks before it are
 /// skipped, one in double quotes may hold commas, an empty line is an empty name.
 std::vector<std::string> ReadStreetNames(std::string_view bytes);
+
+/// A field as it stands in the file, uncut.
+struct StreetField {
+    std::string name;
+    int line = 1;  // on which it begins
+};
+
+/// All the fields of a streets file's content, those behind the last name too.
+std::vector<StreetField> ReadStreetFields(std::string_view bytes);
+
+/// A file's content with these names, from which the same names are read again. Nothing if that
+/// can't be: a name begins with a blank or a double quote, or holds a line end or the byte 26.
+std::optional<std::string> WriteStreetNames(const std::vector<std::string>& names);
 
 /// File name of a city's streets, or of the default ones for "original".
 std::string StreetsFileName(std::string_view city);

@@ -1,0 +1,42 @@
+// The middle of the city as sheets to be felt: a mark for each corner.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace tamlo {
+
+inline constexpr int sheet_side = 10;  // streets, and roads, of a sheet
+
+struct MapMark {
+    char cell;  // ASCII braille
+    std::string_view meaning;
+};
+
+/// The marks, the plain corner first.
+inline constexpr std::array<MapMark, 6> map_marks = {{{'-', "a corner"},
+                                                      {'=', "the restaurant's corners"},
+                                                      {'X', "railway crossing"},
+                                                      {'T', "truck in the way"},
+                                                      {'P', "police trap above 35"},
+                                                      {'H', "hospital, ambulance"}}};
+
+/// The mark of a corner: street 1 to 102, road 1 to 45.
+char MarkOf(int street, int road);
+
+struct MapSheet {
+    std::string_view name;
+    int first_street, first_road;  // at its north-west corner
+};
+
+/// They meet at the restaurant and hold every fixed hazard.
+inline constexpr std::array<MapSheet, 4> map_sheets = {{{"north west", 42, 13},
+                                                        {"north east", 52, 13},
+                                                        {"south west", 42, 23},
+                                                        {"south east", 52, 23}}};
+
+/// The marks of a sheet, a row for each road.
+std::array<std::string, sheet_side> Marks(const MapSheet& sheet);
+
+}  // namespace tamlo
