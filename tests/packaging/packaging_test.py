@@ -75,7 +75,7 @@ class ManualPages(unittest.TestCase):
             with self.subTest(page=page.name):
                 if page.suffix != ".5":
                     self.assertLessEqual(set(HEADINGS), set(headings))
-                if page.stem in ("tamlo", "tamlo-sounds"):
+                if page.suffix == ".6":
                     self.assertIn("KEYS", headings)
 
     def test_say_what_the_programs_do(self):
@@ -92,6 +92,11 @@ class ManualPages(unittest.TestCase):
         options = run(BUILD / "tools/tamlo-rehearse", "--what", status=2)
         for option in re.findall(r"\[(--\w+)", options):
             self.assertIn(option, page_text(PACKAGING / "man/tamlo-rehearse.1"))
+
+        commands = re.findall(r"tamlo-city (\S+) ", run(BUILD / "tools/tamlo-city", "--help"))
+        self.assertEqual(len(commands), 4)
+        for command in commands:
+            self.assertIn(f"tamlo-city {command} ", page_text(PACKAGING / "man/tamlo-city.6"))
 
     def test_refer_to_each_other(self):
         known = {f"{page.stem}({page.suffix[1:]})" for page in self.pages}
