@@ -92,7 +92,7 @@ TEST_F(OutputTest, TheClockKeepsTimeWithoutAddingUpErrors) {
     const auto began = Clock::now();
     const ClockOutput clock(tap_);
     ASSERT_TRUE(Eventually([&] { return tap_->Frames() >= stream_rate; }));
-    EXPECT_GE(Clock::now() - began, 980ms);
+    EXPECT_GE(Clock::now() - began, 970ms);  // a block early at most
     EXPECT_LE(Clock::now() - began, 5s);
 }
 
