@@ -12,6 +12,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/desktop/block_size.h"
 #include "platform/desktop/realtime.h"
 #include "platform/desktop/sound_servers.h"
 
@@ -21,8 +22,6 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr int smallest_block = 256;
-constexpr int largest_block = 1024;
 constexpr auto longest_opening = 1500ms;  // that a start waits for
 constexpr auto watch_interval = 125ms;
 constexpr auto retry_interval = 5s;
@@ -30,10 +29,7 @@ constexpr auto retry_interval = 5s;
 // another driver may. Counted rather than timed, so that a process that was halted doesn't mistake
 // its own absence for the card's.
 constexpr int longest_silence = 16;
-// More late blocks than this in ten seconds call for larger ones. The first moment of a stream is
-// not counted: servers take it to find their pace.
-constexpr int most_late = 1;
-constexpr auto late_window = 10s;
+// The first moment of a stream counts for nothing: servers take it to find their pace.
 constexpr auto settling_time = 1s;
 
 }  // namespace
@@ -55,7 +51,6 @@ class SoundCard::Keeper {
     void Watch();
     bool Sleep(std::chrono::milliseconds time);
     void Note(bool opened, const std::string& driver);
-    bool WantsLargerBlocks();
     static void OnBlock(void* keeper, Uint8* bytes, int count);
     void Fill(float* stereo, int frames);
 
@@ -68,11 +63,9 @@ class SoundCard::Keeper {
         failed_driver_;  ///< opened but never asked for a block: not the next choice
     int blocks_seen_ = 0;
     int silent_watches_ = 0;  ///< since the last block
-    int late_before_ = 0;     ///< `late_` at the begin of the window
-    Clock::time_point window_began_;
+    BlockSize size_;
 
     // The audio thread counts, the keeper reads.
-    std::atomic<int> frames_{smallest_block};
     std::atomic<int> late_{0};
     std::atomic<int> blocks_{0};  ///< since the opening
     Clock::time_point last_block_;
@@ -84,6 +77,7 @@ class SoundCard::Keeper {
     bool ending_ = false;
     bool ended_ = false;
     std::string driver_;
+    int frames_ = 0;
     int openings_ = 0;
 };
 
@@ -120,7 +114,7 @@ bool SoundCard::Keeper::OpenWith(const std::string& driver) {
     wanted.freq = stream_rate;
     wanted.format = AUDIO_F32SYS;
     wanted.channels = 2;
-    wanted.samples = static_cast<Uint16>(frames_.load());
+    wanted.samples = static_cast<Uint16>(size_.Frames());
     wanted.callback = OnBlock;
     wanted.userdata = this;
     blocks_ = 0;
@@ -134,8 +128,7 @@ bool SoundCard::Keeper::OpenWith(const std::string& driver) {
         SDL_AudioQuit();
         return false;
     }
-    window_began_ = counted_from_;
-    late_before_ = late_;
+    size_.Opened(late_, counted_from_);
     SDL_PauseAudioDevice(device_, 0);
     const auto deadline = Clock::now() + longest_opening;
     while (blocks_ == 0 && Clock::now() < deadline && Sleep(1ms)) {
@@ -161,21 +154,12 @@ void SoundCard::Keeper::Watch() {
     if (silent || gone) {
         if (silent && blocks == 0) failed_driver_ = driver_;
         Close();
-    } else if (WantsLargerBlocks() && may_interrupt_()) {
-        frames_ = 2 * frames_;
+    } else if (const int wanted = size_.Wanted(late_, Clock::now());
+               wanted != size_.Frames() && may_interrupt_()) {
+        size_.Change(wanted);
         Close();
     }
     if (device_ == 0 && !Open()) tap_->PutClockInCharge();
-}
-
-bool SoundCard::Keeper::WantsLargerBlocks() {
-    const bool too_late = late_ - late_before_ > most_late;
-    const auto now = Clock::now();
-    if (!too_late && now - window_began_ > late_window) {
-        window_began_ = now;
-        late_before_ = late_;
-    }
-    return too_late && frames_ < largest_block;
 }
 
 void SoundCard::Keeper::OnBlock(void* keeper, Uint8* bytes, int count) {
@@ -206,6 +190,7 @@ bool SoundCard::Keeper::Sleep(std::chrono::milliseconds time) {
 void SoundCard::Keeper::Note(bool opened, const std::string& driver) {
     const std::lock_guard lock(mutex_);
     driver_ = driver;
+    frames_ = size_.Frames();
     openings_ += opened;
     first_opening_over_ = true;
     wake_.notify_all();
