@@ -58,7 +58,7 @@ void MixingPortable(benchmark::State& state) {
     Mixing(state, Instructions::portable);
 }
 
-BENCHMARK(MixingBest)->Arg(1)->Arg(8)->Arg(64)->Unit(benchmark::kMillisecond);
+BENCHMARK(MixingBest)->Arg(0)->Arg(1)->Arg(8)->Arg(64)->Unit(benchmark::kMillisecond);
 BENCHMARK(MixingPortable)->Arg(1)->Arg(8)->Arg(64)->Unit(benchmark::kMillisecond);
 
 }  // namespace
