@@ -72,27 +72,34 @@ std::string AskHolder(Form1& form) {
     }
 }
 
-/// The record on disk; what can't be understood is put aside, told, and counts as none.
-std::optional<Record> OldRecord(Form1& form, std::string& bytes) {
-    if (form.platform.files.FindFile(form.path(record_name)).empty()) return std::nullopt;
-    bytes = form.platform.files.Read(form.path(record_name)).bytes;
-    auto record = DecodeRecord(bytes);
-    if (record) return record;
-    bytes.clear();
-    const bool aside = form.putaside(record_name);
-    QueueAndLog(form, std::string(" I 'm sorry, but the old record can not be understood. ") +
+/// What stands in the record's place on disk.
+struct OldRecord {
+    std::optional<Record> record;
+    std::string bytes;        ///< of that record
+    bool in_the_way = false;  ///< something that is no record and must not be written over
+};
+
+/// What can't be understood is put aside, told, and counts as none; so does what can't be read,
+/// but that stays where it is.
+OldRecord ReadRecord(Form1& form) {
+    using Outcome = ReadResult::Outcome;
+    ReadResult file = form.platform.files.Read(form.path(record_name));
+    if (file.outcome == Outcome::missing) return {};
+    if (auto record = DecodeRecord(file.bytes)) return {std::move(record), std::move(file.bytes)};
+    const bool was_read = file.outcome == Outcome::ok;
+    const bool aside = was_read && form.putaside(record_name);
+    QueueAndLog(form, std::string(" I 'm sorry, but the old record can not be ") +
+                          (was_read ? "understood. " : "read. ") +
                           (aside ? "It has been put aside. " : ""));
-    return std::nullopt;
+    return {std::nullopt, "", !aside};
 }
 
-/// Stores the record over the old one; one that could not be put aside is not written over.
-void StoreRecord(Form1& form, Record record, const std::string& old_bytes) {
+/// Stores the record over the old one.
+void StoreRecord(Form1& form, Record record, const OldRecord& old) {
     record.name = AskHolder(form);
     record.date = form.platform.clock.Today();
-    Files& files = form.platform.files;
-    const bool in_the_way = old_bytes.empty() && !files.FindFile(form.path(record_name)).empty();
-    const std::string bytes = OverwrittenBy(old_bytes, EncodeRecord(record));
-    if (in_the_way || !files.Replace(form.path(record_name), bytes)) {
+    const std::string bytes = OverwrittenBy(old.bytes, EncodeRecord(record));
+    if (old.in_the_way || !form.platform.files.Replace(form.path(record_name), bytes)) {
         SayAndLog(form, " I 'm sorry, but the record could not be saved. ");
     }
 }
@@ -148,17 +155,16 @@ void Form1::endgame() {
 }
 
 void Form1::checkrecord() {
-    std::string old_bytes;
-    const std::optional<Record> old = OldRecord(*this, old_bytes);
+    const OldRecord old = ReadRecord(*this);
     const Record own{gs.nhr, gs.nmt, gs.nsd, "", {}};
-    if (old && !own.ShorterThan(*old)) {
-        QueueAndLog(*this, Told(*old, " The record is ", " hours ", " on "));
+    if (old.record && !own.ShorterThan(*old.record)) {
+        QueueAndLog(*this, Told(*old.record, " The record is ", " hours ", " on "));
         return;
     }
     QueueAndLog(*this, " Which sets a new record.");
-    QueueAndLog(*this, old ? Told(*old, " The old record was ", " Hours, ", ". on ")
-                           : " There was no previous record.");
-    StoreRecord(*this, own, old_bytes);
+    QueueAndLog(*this, old.record ? Told(*old.record, " The old record was ", " Hours, ", ". on ")
+                                  : " There was no previous record.");
+    StoreRecord(*this, own, old);
 }
 
 }  // namespace tamlo

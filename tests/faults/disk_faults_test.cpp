@@ -8,6 +8,7 @@
 #include "city/streets_file.h"
 #include "faults/faulty_files.h"
 #include "rehearsed_game.h"
+#include "store/record_file.h"
 #include "store/saved_game.h"
 #include "store/settings_file.h"
 
@@ -149,6 +150,31 @@ TEST_P(DiskFaults, NothingIsLostAtAnyOperation) {
 INSTANTIATE_TEST_SUITE_P(Days, DiskFaults, testing::Bool(), [](const auto& day_kind) {
     return std::string(day_kind.param ? "Resumed" : "First");
 });
+
+TEST(DiskFaultsAtTheEnd, KeepTheOldRecordOrTheNewOne) {
+    const std::string old = EncodeRecord({200, 0, 0, "Ann", {2010, 1, 2}});
+    const std::string win =
+        "press enter\nset p2d 0\nset cash 2001\nset ordopen(1) 0\n"
+        "press enter 3 5 right enter 3 5 right enter 3 5 right enter 3 5\npress a l enter enter\n";
+    for (const FaultKind kind : {FaultKind::once, FaultKind::stuck, FaultKind::unwritable}) {
+        for (int at = 0; at < 6; ++at) {
+            SCOPED_TRACE("way " + std::to_string(static_cast<int>(kind)) + ", operation " +
+                         std::to_string(at));
+            RehearsedGame game;
+            game.Write("tamlo.rec", old);
+            FaultyFiles files("tolvane/tamlo.rec", kind, at, "");
+            game.files = &files;
+            const auto run = game.Run(win);
+            ASSERT_TRUE(run.Heard(" Which sets a new record."));
+            const bool stored = game.Content("tamlo.rec") != old;
+            EXPECT_NE(stored, run.Heard(" I 'm sorry, but the record could not be saved. "));
+            const auto record = DecodeRecord(game.Content("tamlo.rec"));
+            ASSERT_TRUE(record);
+            EXPECT_EQ(record->name, stored ? "al" : "Ann");
+            EXPECT_EQ(run.Events().back(), "end");
+        }
+    }
+}
 
 TEST(UnreadableFiles, AreLeftAsTheyAreAndTold) {
     for (const char* name : {career, settings, streets}) {
