@@ -45,7 +45,7 @@ class Stamps:
 
     def callbacks_to_sound(self, pressed):
         """How many blocks were filled from the moment that the program took the next key up to
-        the block that was audible first."""
+        the block that was audible first: a list of one, or empty if there is no such block."""
         taken, blocks = None, 0
         for when, kind, value in self.all():
             if kind == KEY and taken is None and when >= pressed - 0.001:
@@ -53,8 +53,8 @@ class Stamps:
             elif kind == BLOCK and taken is not None and when >= taken:
                 blocks += 1
                 if value >= 0:
-                    return blocks
-        return None
+                    return [blocks]
+        return []
 
 
 class Player:
@@ -111,7 +111,7 @@ class Reference(Player):
         self.settle(0.1)
         pressed, delay = self.to_sound("Down")
         figures["next item"].append(delay)
-        figures["callbacks"].append(self.stamps.callbacks_to_sound(pressed))
+        figures["callbacks"] += self.stamps.callbacks_to_sound(pressed)
         time.sleep(random.uniform(0.15, 0.17))
         figures["silence"].append(self.to_silence("Escape"))
 
@@ -169,14 +169,14 @@ class Game(Player):
             time.sleep(0.04)
 
     def trial(self, figures):
-        _, first = self.to_sound("Return")
+        self.to_sound("Return")
         self.recording.await_quiet(time.monotonic(), 0.07)
         _, delay = self.to_sound("Down")  # before the second of the two texts that were queued
         figures["break off and say"].append(delay)
         self.settle()
         pressed, delay = self.to_sound("Down")
         figures["next item"].append(delay)
-        figures["callbacks"].append(self.stamps.callbacks_to_sound(pressed))
+        figures["callbacks"] += self.stamps.callbacks_to_sound(pressed)
         time.sleep(random.uniform(0.15, 0.17))
         figures["silence"].append(self.to_silence("Return"))
         self.recording.await_onset(time.monotonic())
