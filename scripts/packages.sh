@@ -16,3 +16,6 @@ test_packages="xvfb xdotool pulseaudio pulseaudio-utils tmux procps strace"
 
 # Only scripts/fuzz-long asks for these.
 fuzz_packages="clang-14 libclang-rt-14-dev"
+
+# Only packaging/packages and packaging/try ask for these.
+packing_packages="build-essential debhelper lintian debootstrap"
