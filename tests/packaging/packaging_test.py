@@ -48,8 +48,11 @@ class MenuEntry(unittest.TestCase):
         self.assertTrue((PACKAGING / f"desktop/{icon}.svg").exists())
         described = xml.etree.ElementTree.parse(DESCRIPTION).getroot()
         self.assertEqual(described.findtext("launchable"), ENTRY.name)
-        self.assertEqual(described.find("releases/release").get("version"),
-                         re.search(r"VERSION (\S+) ", (ROOT / "CMakeLists.txt").read_text())[1])
+        version = re.search(r"VERSION (\S+) ", (ROOT / "CMakeLists.txt").read_text())[1]
+        self.assertEqual(described.find("releases/release").get("version"), version)
+        self.assertIn(f"({version})", (ROOT / "debian/changelog").read_text().splitlines()[0])
+        for page in ManualPages.pages:
+            self.assertIn(f'"Tamlo Delivery {version}"', page.read_text())
 
     def test_the_icon_is_a_picture(self):
         picture = xml.etree.ElementTree.parse(PACKAGING / "desktop/tamlo-delivery.svg").getroot()
