@@ -4,6 +4,7 @@
 
 #include <chrono>
 
+#include "orders/number_text.h"
 #include "rehearsed_game.h"
 #include "scenarios/career_driver.h"
 #include "store/record_file.h"
@@ -37,6 +38,8 @@ Career PlayCareer(RehearsedGame& game, int trips_a_day, const std::string& first
         if (career.days.back().Heard("Thank you for playing")) break;
         const auto saved = DecodeSavedGame(game.Content("tamlo.sav"));
         if (!saved) break;
+        EXPECT_EQ(game.Content("tamlo.sav"), EncodeSavedGame(*saved)) << career.days.size();
+        EXPECT_TRUE(career.days.back().Heard(" You now have, " + MoneyText(saved->cash)));
         career.saves.push_back(*saved);
     }
     return career;
