@@ -229,10 +229,11 @@ class Terminal:
 
     def ended(self, patience=PATIENCE):
         """Waits for the end; returns the exit status."""
-        def dead():
-            return self.tmux("display-message", "-p", "#{pane_dead}").strip() == "1"
-        wait_until(dead, "the end", patience)
-        return int(self.tmux("display-message", "-p", "#{pane_dead_status}"))
+        def status():
+            # The terminal can be known to be closed before the status is.
+            return self.tmux("display-message", "-p", "#{pane_dead_status}").strip()
+        wait_until(status, "the end", patience)
+        return int(status())
 
     def close(self):
         self.tmux("kill-server")
