@@ -14,7 +14,7 @@ SLOW = 4  # how many times slower than a quiet machine a busy one may be
 
 def walk_the_menu(keyboard, game):
     """From the title tune to the main menu; `game` tells the lines as they are said."""
-    time.sleep(1)
+    time.sleep(3)  # a key before the window is shown is lost
     pressed = time.monotonic()
     keyboard.press("space")
     title = game.line("Tamlo Delivery. version 3.")
