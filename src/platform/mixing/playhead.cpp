@@ -10,7 +10,7 @@ namespace tamlo {
 namespace {
 
 // 200,000 samples a second at most, against 48,000 of the stream: five samples a frame.
-constexpr int window_size = 5 * longest_piece + sinc_taps;
+constexpr int window_size = 5 * longest_piece + sinc_span;
 
 float Gain(int attenuation) {
     if (attenuation >= 10000) return 0;
@@ -99,7 +99,7 @@ void Playhead::Render(Interpolator interpolate, float* left, float* right, int f
 void Playhead::RenderPiece(Interpolator interpolate, float* left, float* right, int frames) {
     const std::int64_t first = (walk_.position >> fixed_bits) - sinc_before;
     const std::int64_t highest_step = std::max(walk_.step, target_step_);
-    const auto count = static_cast<int>((highest_step * frames) >> fixed_bits) + sinc_taps + 1;
+    const auto count = static_cast<int>((highest_step * frames) >> fixed_bits) + sinc_span + 1;
     std::array<float, window_size> window;
     std::array<float, longest_piece> values;
     Walk walk = walk_;

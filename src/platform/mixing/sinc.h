@@ -7,12 +7,11 @@
 
 namespace tamlo {
 
-/// Every value is made from this many samples around the point asked for.
-inline constexpr int sinc_taps = 32;
-/// Of them this many lie before the sample at or before the point ...
-inline constexpr int sinc_before = sinc_taps / 2 - 1;
-/// ... and this many behind it.
-inline constexpr int sinc_after = sinc_taps / 2;
+/// Every value is made from so many samples before the one at or before the point asked for ...
+inline constexpr int sinc_before = 21;
+/// ... from that one, and from so many behind it.
+inline constexpr int sinc_after = 21;
+inline constexpr int sinc_span = sinc_before + 1 + sinc_after;
 
 /// Points in a sound are counted in samples, in fixed point with 32 bits behind the point, so
 /// that a sound of any length takes exactly its time.
@@ -52,7 +51,7 @@ class Resampler {
     explicit Resampler(int rate);
 
     /// Appends to `out` all values, -1 to 1, that the samples so far allow: all but those of the
-    /// last 16 samples.
+    /// last 21 samples.
     void Process(const std::int16_t* samples, std::size_t count, std::vector<float>& out);
     /// Ends the stream: appends the values still missing. The next samples begin a new stream.
     void Finish(std::vector<float>& out);
