@@ -6,6 +6,8 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "city/streets_file.h"
 #include "rehearsed_game.h"
@@ -51,23 +53,38 @@ void RehearsedDay(benchmark::State& state, const std::string& example) {
     }
 }
 
-void StartOfTheRehearsal(benchmark::State& state) {
-    std::string program = TAMLO_REHEARSE;
-    std::string script = "/dev/null";
-    char* arguments[] = {program.data(), script.data(), nullptr};
+/// Runs a program quietly; false if it does not end well.
+bool Run(std::vector<std::string> words) {
+    std::vector<char*> arguments;
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
     posix_spawn_file_actions_t quietly;
     posix_spawn_file_actions_init(&quietly);
     posix_spawn_file_actions_addopen(&quietly, 1, "/dev/null", 1, 0);
-    for (auto start : state) {
-        static_cast<void>(start);
-        pid_t child = 0;
-        int status = -1;
-        if (posix_spawn(&child, arguments[0], &quietly, nullptr, arguments, environ) == 0) {
-            waitpid(child, &status, 0);
-        }
-        if (status != 0) state.SkipWithError("it has not run");
+    pid_t child = 0;
+    int status = -1;
+    if (posix_spawn(&child, arguments[0], &quietly, nullptr, arguments.data(), environ) == 0) {
+        waitpid(child, &status, 0);
     }
     posix_spawn_file_actions_destroy(&quietly);
+    return status == 0;
+}
+
+void StartOfTheRehearsal(benchmark::State& state) {
+    for (auto start : state) {
+        static_cast<void>(start);
+        if (!Run({TAMLO_REHEARSE, "/dev/null"})) state.SkipWithError("it has not run");
+    }
+}
+
+/// Five runs of the program, from the first order to the record.
+void RehearsedCareer(benchmark::State& state) {
+    for (auto career : state) {
+        static_cast<void>(career);
+        if (!Run({std::string(TAMLO_EXAMPLES) + "/a-career.sh", TAMLO_REHEARSE})) {
+            state.SkipWithError("the career has not ended well");
+        }
+    }
 }
 
 BENCHMARK(CheckWave)->Unit(benchmark::kMillisecond);
@@ -75,6 +92,7 @@ BENCHMARK(ReadingAStreetsFile)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(RehearsedDay, a_day, "a-day.txt")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(RehearsedDay, first_delivery, "first-delivery.txt")
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(RehearsedCareer)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(StartOfTheRehearsal)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
