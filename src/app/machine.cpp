@@ -129,12 +129,22 @@ Ending PlayFromPipe(SoundOutput& sound, const Story& story) {
 
 /// The sound is opened before anything that takes time,
 /// so that it is awake when the first word comes.
-Ending Play(const std::string& sounds, const Story& story) {
+Ending Play(const std::string& sounds, const Story& story, const Introduction& introduction) {
     SoundOutput sound(sounds);
+    const auto introduce = [&](Place::Front front) {
+        if (introduction) introduction({front, sound});
+    };
     std::string why_no_window;
-    if (const auto window = DesktopWindow::Open(why_no_window))
+    if (const auto window = DesktopWindow::Open(why_no_window)) {
+        introduce(Place::Front::window);
         return PlayInWindow(sound, *window, story);
-    return ::isatty(STDIN_FILENO) != 0 ? PlayInTerminal(sound, story) : PlayFromPipe(sound, story);
+    }
+    if (::isatty(STDIN_FILENO) != 0) {
+        introduce(Place::Front::terminal);
+        return PlayInTerminal(sound, story);
+    }
+    introduce(Place::Front::pipe);
+    return PlayFromPipe(sound, story);
 }
 
 void PrintLine(const std::string& line) {
@@ -154,12 +164,13 @@ void OpenStandardStreams() {
 
 }  // namespace
 
-int RunOnThisMachine(const std::string& sounds, const Story& story) {
+int RunOnThisMachine(const std::string& sounds, const Story& story,
+                     const Introduction& introduction) {
     OpenStandardStreams();
     // A reader of our print that goes away is no reason to fall silent.
     std::signal(SIGPIPE, SIG_IGN);
     try {
-        const Ending ending = Play(sounds, story);
+        const Ending ending = Play(sounds, story, introduction);
         if (!ending.end.reason.empty()) PrintLine(ending.end.reason);
         if (!ending.restart) return ending.end.exit_status;
         RestartProgram();

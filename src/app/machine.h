@@ -8,12 +8,24 @@
 namespace tamlo {
 
 class Form1;
+class SoundOutput;
+
+/// What the game has found to run on.
+struct Place {
+    enum class Front { window, terminal, pipe };
+    Front front;
+    const SoundOutput& sound;  ///< lives as long as the story
+};
+
+/// Told of the place before the story begins.
+using Introduction = std::function<void(const Place&)>;
 
 /// What is done with the game once it stands: to play it, for the most part.
 using Story = std::function<void(Form1&)>;
 
 /// Runs the story to its EndOfProcess, with the wave files of the folder `sounds`; the process's
 /// exit status. Restarts the program when the game asked for it.
-int RunOnThisMachine(const std::string& sounds, const Story& story);
+int RunOnThisMachine(const std::string& sounds, const Story& story,
+                     const Introduction& introduction = {});
 
 }  // namespace tamlo

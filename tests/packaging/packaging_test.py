@@ -96,6 +96,12 @@ class ManualPages(unittest.TestCase):
         for option in re.findall(r"\[(--\w+)", options):
             self.assertIn(option, page_text(PACKAGING / "man/tamlo-rehearse.1"))
 
+        check = page_text(PACKAGING / "man/tamlo-doctor.6")
+        items = re.findall(r'" ([a-z ]+) "', (ROOT / "src/app/doctor.cpp").read_text())
+        self.assertEqual(len(items), 5)
+        for part in items:
+            self.assertIn(part, check)
+
         commands = re.findall(r"tamlo-city (\S+) ", run(BUILD / "tools/tamlo-city", "--help"))
         self.assertEqual(len(commands), 4)
         for command in commands:

@@ -109,12 +109,29 @@ std::string DocumentsFolder(const std::string& home, const std::string& configur
     return Provide(documents) ? documents : home;
 }
 
+std::string HomeFolder() {
+    const std::string home = Environment("HOME");
+    return home.empty() ? HomeInPasswordEntry() : home;
+}
+
 std::string DocumentsFolder() {
-    std::string home = Environment("HOME");
-    if (home.empty()) home = HomeInPasswordEntry();
+    const std::string home = HomeFolder();
     std::string configuration = Environment("XDG_CONFIG_HOME");
     if (configuration.empty() && !home.empty()) configuration = home + "/.config";
     return DocumentsFolder(home, configuration);
+}
+
+std::string StateFolder() {
+    std::string states = Environment("XDG_STATE_HOME");
+    if (states.empty()) {
+        const std::string home = HomeFolder();
+        std::error_code failure;
+        // As for Documents: nothing is made in a home that is missing.
+        if (home.empty() || !std::filesystem::is_directory(home, failure)) return "";
+        states = home + "/.local/state";
+    }
+    const std::string folder = states + "/tamlo";
+    return Provide(folder) ? folder : "";
 }
 
 }  // namespace tamlo

@@ -1,4 +1,4 @@
-// Where the player's Documents folder is.
+// Where the player's Documents folder is, and where reports about the program go.
 #pragma once
 
 #include <string>
@@ -17,5 +17,12 @@ std::string DocumentsFolder(const std::string& home, const std::string& configur
 
 /// The same for the user of this process, from HOME, XDG_CONFIG_HOME and the password entry.
 std::string DocumentsFolder();
+
+/// The home of this process's user, from HOME or the password entry; empty if there is none.
+std::string HomeFolder();
+
+/// The folder for reports about the program, made when missing: "tamlo" in XDG_STATE_HOME, or else
+/// in ~/.local/state. Empty if there is none and none can be made.
+std::string StateFolder();
 
 }  // namespace tamlo

@@ -10,16 +10,22 @@ namespace tamlo {
 struct VoiceEntry {
     const char* name;     ///< the engine's file name of the language
     const char* variant;  ///< the engine's file name of the speaker, or empty for the plain one
+    const char* person;   ///< what players are told
 };
 
 /// The player's configuration stores an index into those of the table that are installed: new
 /// voices go to the end.
 inline constexpr std::array voice_table{
-    VoiceEntry{"gmw/en-US", ""},          VoiceEntry{"gmw/en", ""},
-    VoiceEntry{"gmw/en-US", "f3"},        VoiceEntry{"gmw/en", "f2"},
-    VoiceEntry{"gmw/en-US", "f4"},        VoiceEntry{"gmw/en-US", "m3"},
-    VoiceEntry{"gmw/en-GB-scotland", ""}, VoiceEntry{"gmw/en-GB-x-rp", ""},
-    VoiceEntry{"gmw/en-029", ""},         VoiceEntry{"gmw/en-US", "klatt2"},
+    VoiceEntry{"gmw/en-US", "", "American man"},
+    VoiceEntry{"gmw/en", "", "British man"},
+    VoiceEntry{"gmw/en-US", "f3", "American woman"},
+    VoiceEntry{"gmw/en", "f2", "British woman"},
+    VoiceEntry{"gmw/en-US", "f4", "second American woman"},
+    VoiceEntry{"gmw/en-US", "m3", "second American man"},
+    VoiceEntry{"gmw/en-GB-scotland", "", "Scottish man"},
+    VoiceEntry{"gmw/en-GB-x-rp", "", "second British man"},
+    VoiceEntry{"gmw/en-029", "", "Caribbean man"},
+    VoiceEntry{"gmw/en-US", "klatt2", "third American man"},
 };
 static_assert(voice_table.size() == 10);
 

@@ -1,0 +1,42 @@
+// What the speech and sound check has found: sentences for the ear, and a file for those who help.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tamlo {
+
+struct Finding {
+    enum class Weight {
+        fine,
+        hint,   ///< the game can be played, but not as well as it could be
+        fault,  ///< something has to be mended first
+    };
+    std::string topic;  ///< a few words, such as "the voices"; one finding for each
+    Weight weight = Weight::fine;
+    std::string text;  ///< whole sentences
+};
+
+class DoctorReport {
+  public:
+    /// Takes the place of an earlier finding on the same topic.
+    void Add(const Finding& finding);
+    /// A line of the file that is not spoken.
+    void Note(const std::string& name, const std::string& value);
+
+    const std::vector<Finding>& Findings() const { return findings_; }
+    /// One sentence about all findings.
+    std::string Verdict() const;
+    /// The content of the file. `home`, unless empty, is written as "~": who reads it need not
+    /// know.
+    std::string Text(const std::string& home) const;
+
+  private:
+    std::string Topics(Finding::Weight weight) const;
+
+    std::vector<Finding> findings_;
+    std::vector<std::pair<std::string, std::string>> notes_;
+};
+
+}  // namespace tamlo

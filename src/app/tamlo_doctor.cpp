@@ -1,0 +1,72 @@
+// tamlo-doctor: checks speech and sound, and writes a report.
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "app/doctor.h"
+#include "app/machine.h"
+#include "app/sounds_folder.h"
+#include "game/form1.h"
+#include "platform/desktop/sound_output.h"
+#include "platform/end_of_process.h"
+#include "platform/system/user_dirs.h"
+#include "platform/voice/voices.h"
+
+namespace tamlo {
+namespace {
+
+constexpr const char* window = "a window";
+
+const char* NameOf(Place::Front front) {
+    switch (front) {
+        case Place::Front::window: return window;
+        case Place::Front::terminal: return "a terminal";
+        default: return "a pipe";
+    }
+}
+
+SoundState StateOf(const SoundOutput& sound) {
+    const CardReport card = sound.Card();
+    return {card.driver, card.frames, card.late, sound.Audible(), sound.Frames()};
+}
+
+std::vector<std::string> VoiceNames() {
+    std::vector<std::string> names;
+    for (const VoiceEntry& voice : voice_table) names.emplace_back(voice.person);
+    return names;
+}
+
+int Run() {
+    const std::string sounds = SoundsFolder();
+    // The game looks for its sounds in the current directory.
+    if (::chdir(sounds.c_str()) != 0) std::perror(sounds.c_str());
+    Surroundings around{.front = {},
+                        .sound = {},
+                        .voices = VoiceNames(),
+                        .facts = SystemFacts(),
+                        .readers = ScreenReaders("/proc"),
+                        .reports = StateFolder(),
+                        .home = HomeFolder()};
+    const auto check = [&](Form1& form) {
+        try {
+            CheckSpeechAndSound(form, around);
+        } catch (const EndOfProcess&) {
+            // Elsewhere everything has been printed as it was said.
+            if (around.front == window) std::fputs(around.text.c_str(), stdout);
+            std::fflush(stdout);
+            throw;
+        }
+    };
+    return RunOnThisMachine(sounds, check, [&](const Place& place) {
+        around.front = NameOf(place.front);
+        around.answers = place.front != Place::Front::pipe;
+        around.sound = [&sound = place.sound] { return StateOf(sound); };
+    });
+}
+
+}  // namespace
+}  // namespace tamlo
+
+int main() {
+    return tamlo::Run();
+}

@@ -1,0 +1,113 @@
+// The speech and sound check, key by key, and what it makes of machines that lack something.
+#include "app/doctor.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/end_of_process.h"
+#include "rehearsed_game.h"
+
+namespace tamlo {
+namespace {
+
+/// A machine on which all is well, and the check of it.
+struct Check {
+    RehearsedGame game;
+    Surroundings around{.front = "a window",
+                        .sound = [this] { return Sound(); },
+                        .voices = {"First", "Second"},
+                        .facts = {{"Version", "1.2"}},
+                        .readers = {},
+                        .reports = game.documents.Path(),
+                        .home = game.documents.Path()};
+    SoundState sound{"pulseaudio", 256, 0, true, 0};
+    const Clock* clock = nullptr;
+    int status = -1;
+
+    /// The card plays for as long as the check takes.
+    SoundState Sound() const {
+        SoundState now = sound;
+        now.played = clock->Steady().count() * 48 / 1000;
+        return now;
+    }
+
+    Performance Run(std::string_view script) {
+        return game.Tell(script, [this](Form1& form) {
+            clock = &form.platform.clock;
+            try {
+                CheckSpeechAndSound(form, around);
+            } catch (const EndOfProcess& end) {
+                status = end.exit_status;
+                throw;
+            }
+        });
+    }
+    std::string Report() const { return game.documents.Content("doctor.txt"); }
+};
+
+TEST(Doctor, LeadsThroughEverythingWithEnter) {
+    Check check;
+    const auto run = check.Run(
+        "press enter enter x enter\n"                // the ears: again, and both heard
+        "press enter down up enter\n"                // the voices
+        "press enter q f1 escape a escape escape\n"  // the keys
+        "press enter enter");
+    EXPECT_TRUE(run.Heard("3 voices are installed. You hear number 1, First."));
+    EXPECT_TRUE(run.Heard("All 93 sound files are in order."));
+    EXPECT_TRUE(run.Heard("Sound goes out by pulseaudio, in blocks of 256 frames, which is 5 "));
+    EXPECT_EQ(run.Count("setpan tamlo9 -10000"), 1);
+    EXPECT_EQ(run.Count("setpan tamlo9 10000"), 2);
+    EXPECT_EQ(run.Events("voice "),
+              (std::vector<std::string>{"voice 0", "voice 0", "voice 1", "voice 0", "voice 0"}));
+    EXPECT_TRUE(run.Heard(" F1, 112 "));
+    EXPECT_EQ(run.Count("No screen reader is running."), 2);
+    EXPECT_TRUE(run.Heard("The verdict: all is well, and you can play."));
+    EXPECT_EQ(run.Events().back(), "end");
+    EXPECT_EQ(check.status, 0);
+    for (const char* line : {"Good. Left and right are as they should be.\n", "Version: 1.2\n",
+                             "Good. Your files are in the folder ~/tolvane, and can be written.\n",
+                             "Keys pressed: letter Q, 81; F1, 112; Escape, 27; letter A, 65; "}) {
+        EXPECT_NE(check.Report().find(line), std::string::npos) << line << check.Report();
+    }
+}
+
+TEST(Doctor, TellsWhatIsWrong) {
+    Check check;
+    check.around.answers = false;
+    check.around.reports = "";
+    check.around.readers = {{"Orca", "Press Insert and S.", true}, {"BRLTTY", "Welcome.", false}};
+    check.sound = {"", 256, 0, false, 0};
+    const TemporaryFolder empty;
+    check.game.current_directory = empty.Path();
+    const auto run = check.Run("voices 0\n");
+    EXPECT_TRUE(run.Heard("No voice is installed."));
+    EXPECT_TRUE(run.Heard("Sound files are missing: tamlo1 tamlo2 "));
+    EXPECT_TRUE(run.Heard("No sound card answers"));
+    EXPECT_TRUE(run.Heard("Orca is running. Press Insert and S."));
+    EXPECT_TRUE(
+        run.Heard("something has to be mended: the voices, the sound files, the sound card."));
+    EXPECT_TRUE(run.Heard("is the file " + check.game.documents / "tolvane/doctor.txt"));
+    EXPECT_EQ(check.status, 1);
+}
+
+TEST(Doctor, EarsThatAreNotApartAreAHint) {
+    Check check;
+    check.Run("press enter n enter escape");
+    EXPECT_NE(check.Report().find("there is something to know about left and right."),
+              std::string::npos);
+}
+
+TEST(Doctor, KnowsScreenReadersByTheirProcesses) {
+    const TemporaryFolder proc;
+    proc.Write("1/comm", "init\n");
+    proc.Write("77/comm", "orca\n");
+    proc.Write("self/comm", "brltty\n");
+    proc.Write("modules", "speakup_soft 16384 1 - Live 0x0\nspeakup 131072 2 - Live 0x0\n");
+    const auto readers = ScreenReaders(proc.Path());
+    ASSERT_EQ(readers.size(), 2u);
+    EXPECT_EQ(readers[0].name, "Orca");
+    EXPECT_EQ(readers[1].name, "Speakup");
+    EXPECT_TRUE(ScreenReaders(proc.Path() + "/nowhere").empty());
+}
+
+}  // namespace
+}  // namespace tamlo
