@@ -4,11 +4,16 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <exception>
 #include <memory>
 #include <string>
+#include <string_view>
 
+#include "app/sound_meanings.h"
 #include "game/form1.h"
+#include "platform/captions/captioned_sound.h"
+#include "platform/captions/captioned_speech.h"
 #include "platform/desktop/desktop_window.h"
 #include "platform/desktop/sound_output.h"
 #include "platform/end_of_process.h"
@@ -19,7 +24,6 @@
 #include "platform/system/system_random.h"
 #include "platform/terminal/observed.h"
 #include "platform/terminal/piped_events.h"
-#include "platform/terminal/printed_speech.h"
 #include "platform/terminal/terminal_events.h"
 #include "platform/terminal/terminal_front_end.h"
 #include "platform/voice/voice_speech.h"
@@ -58,6 +62,25 @@ class HeardVoice {
     VoiceSpeech speech_;
 };
 
+/// The voice and the sound, written as lines as well as heard.
+struct Captioned {
+    Captioned(Speech& voice, SoundOutput& sound, const Clock& clock, const WriteLine& write)
+        : output(sound),
+          captions(MeaningOfSound, clock, write),
+          speech(voice, write),
+          sounds(sound.Sound(), captions) {}
+
+    void Beep() {
+        output.Beep();
+        captions.Beeped();
+    }
+
+    SoundOutput& output;
+    Captions captions;
+    CaptionedSpeech speech;
+    CaptionedSound sounds;
+};
+
 EndOfProcess RunGame(const Platform& platform, const Story& story) {
     try {
         Form1 game(platform);
@@ -68,20 +91,31 @@ EndOfProcess RunGame(const Platform& platform, const Story& story) {
     return {};
 }
 
-/// What is said is printed only where no card makes it heard.
+/// Lines are printed only where no card makes them heard.
 Ending PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Story& story) {
     Machine machine;
     const auto pump = [&] { window.Pump(); };
-    SystemDesktop desktop({.message_box = [&](const std::string& text) { window.MessageBox(text); },
-                           .beep = [&] { sound.Beep(); },
-                           .edit = EditOnDesktop});
     HeardVoice voice(sound, pump);
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump);
-    PrintedSpeech speech(voice.Service(), printer, [&] { return !sound.Audible(); });
+    Captioned heard(voice.Service(), sound, machine.clock, [&](const std::string& line) {
+        window.ShowLine(line);
+        if (!sound.Audible()) printer.Print(line);
+    });
+    SystemDesktop desktop({.message_box = [&](const std::string& text) { window.MessageBox(text); },
+                           .beep = [&] { heard.Beep(); },
+                           .edit = EditOnDesktop});
     const EndOfProcess end = RunGame(
-        {speech, sound.Sound(), window, machine.files, machine.clock, desktop, machine.random},
+        {heard.speech, heard.sounds, window, machine.files, machine.clock, desktop, machine.random},
         story);
     return {end, desktop.RestartWanted()};
+}
+
+/// On a screen that can't move its cursor back, and in a file, lines are printed plainly.
+LinePrinter::Cursor CursorWanted() {
+    const char* const type = std::getenv("TERM");
+    const bool plain = type == nullptr || std::string_view(type) == "dumb";
+    return ::isatty(STDOUT_FILENO) != 0 && !plain ? LinePrinter::Cursor::at_line
+                                                  : LinePrinter::Cursor::below;
 }
 
 Ending PlayInTerminal(SoundOutput& sound, const Story& story) {
@@ -90,15 +124,20 @@ Ending PlayInTerminal(SoundOutput& sound, const Story& story) {
     TerminalMode mode(STDIN_FILENO);
     KeyInput keys(STDIN_FILENO, Gaps::kept, machine.clock, signals);
     TerminalEvents events(keys, mode, signals);
-    LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, [&] { events.Pump(); });
+    const auto pump = [&] { events.Pump(); };
+    HeardVoice voice(sound, pump);
+    LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump, CursorWanted());
+    events.OnStop([&](bool stopped) {
+        if (stopped) printer.LeaveLine();
+    });
+    Captioned heard(voice.Service(), sound, machine.clock,
+                    [&](const std::string& line) { printer.Print(line); });
     SystemDesktop desktop(
         {.message_box = [&](const std::string& text) { ShowMessage(text, events, printer); },
-         .beep = [&] { sound.Beep(); },
-         .edit = [&](const std::string& path) { return EditInTerminal(path, mode); }});
-    HeardVoice voice(sound, [&] { events.Pump(); });
-    PrintedSpeech speech(voice.Service(), printer, [] { return true; });
+         .beep = [&] { heard.Beep(); },
+         .edit = [&](const std::string& path) { return EditInTerminal(path, mode, printer); }});
     const EndOfProcess end = RunGame(
-        {speech, sound.Sound(), events, machine.files, machine.clock, desktop, machine.random},
+        {heard.speech, heard.sounds, events, machine.files, machine.clock, desktop, machine.random},
         story);
     return {end, desktop.RestartWanted()};
 }
@@ -109,16 +148,18 @@ Ending PlayFromPipe(SoundOutput& sound, const Story& story) {
     KeyInput keys(STDIN_FILENO, Gaps::lost, machine.clock, signals);
     Activity activity(machine.clock);
     PipedEvents events(keys, activity, signals, machine.clock);
-    LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::wait, [&] { events.Pump(); });
+    const auto pump = [&] { events.Pump(); };
+    HeardVoice voice(sound, pump);
+    LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::wait, pump);
+    Captioned heard(voice.Service(), sound, machine.clock,
+                    [&](const std::string& line) { printer.Print(line); });
     SystemDesktop desktop(
         {.message_box = [&](const std::string& text) { ShowMessage(text, events, printer); },
-         .beep = [&] { sound.Beep(); },
+         .beep = [&] { heard.Beep(); },
          .edit = [](const std::string&) { return false; }});
-    HeardVoice voice(sound, [&] { events.Pump(); });
-    PrintedSpeech printed(voice.Service(), printer, [] { return true; });
 
-    ObservedSpeech speech(printed, activity);
-    ObservedSound sounds(sound.Sound(), activity);
+    ObservedSpeech speech(heard.speech, activity);
+    ObservedSound sounds(heard.sounds, activity);
     ObservedFiles files(machine.files, activity);
     ObservedDesktop watched_desktop(desktop, activity);
     ObservedRandom random(machine.random, activity);

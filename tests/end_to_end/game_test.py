@@ -110,6 +110,7 @@ class Game(Case):
     def test_a_terminal(self):
         terminal = self.own(Terminal(GAME, self.folder, NO_SOUND))
         walk_the_menu(terminal, terminal)  # drive_test.py goes on from here
+        wait_until(lambda: terminal.at_cursor() == "start game", "the cursor at the line")
         terminal.press("C-c")
         terminal.ended(5)
 

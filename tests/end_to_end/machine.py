@@ -9,6 +9,7 @@ import os
 import queue
 import shutil
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
@@ -54,9 +55,11 @@ class Display:
 
     def __init__(self):
         need("Xvfb", "xdotool")
+        self.screen = tempfile.mkdtemp(prefix="tamlo-")
         read, write = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1024x768x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1024x768x24", "-nolisten", "tcp",
+             "-fbdir", self.screen],
             pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as numbers:
@@ -75,8 +78,17 @@ class Display:
             self.xdotool("key", "--delay", "0", self.KEYCODES.get(key, key))
         return before
 
+    def pixels(self, colour):
+        """How many pixels of the screen have a colour."""
+        with open(os.path.join(self.screen, "Xvfb_screen0"), "rb") as file:
+            image = file.read()
+        header = struct.unpack(">25I", image[:100])
+        points = array.array("I", image[header[0] + 12 * header[19]:])
+        return points.count(colour) + points.count(0xFF000000 | colour)
+
     def close(self):
         stop(self.server)
+        shutil.rmtree(self.screen, ignore_errors=True)
 
 
 class SoundServer:
@@ -226,6 +238,11 @@ class Terminal:
         wait_until(lambda: text in self.printed()[self.seen:], repr(text), patience)
         self.seen = self.printed().index(text, self.seen) + len(text)
         return time.monotonic()
+
+    def at_cursor(self):
+        """The screen's text from the cursor to the end of its row."""
+        column, row = self.tmux("display-message", "-p", "#{cursor_x} #{cursor_y}").split()
+        return self.tmux("capture-pane", "-p", "-S", row, "-E", row).rstrip("\n")[int(column):]
 
     def ended(self, patience=PATIENCE):
         """Waits for the end. (The status is not always told by the terminal.)"""

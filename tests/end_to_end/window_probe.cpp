@@ -2,6 +2,7 @@
 //
 //   window_probe turns          event turns until the end; "key CODE MODIFIERS" for each key
 //   window_probe blocked TIME   first TIME seconds without event turns, then as above
+//   window_probe line TEXT      a line to be seen, then as above
 //   window_probe message TEXT   a message box, "closed" when it has been answered, then as above
 #include <cstdio>
 #include <cstdlib>
@@ -31,6 +32,7 @@ void Run(tamlo::DesktopWindow& window, const std::string& act, const std::string
         }
         std::puts("unblocked");
     }
+    if (act == "line") window.ShowLine(argument);
     if (act == "message") {
         window.MessageBox(argument);
         std::puts("closed");

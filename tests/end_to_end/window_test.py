@@ -5,7 +5,7 @@ import signal
 import sys
 import time
 
-from machine import Case, Display, Program, main
+from machine import Case, Display, Program, main, wait_until
 
 PROBE = sys.argv[1]
 AT_ONCE = 2  # seconds on a busy machine; a quiet one takes some milliseconds
@@ -55,6 +55,16 @@ class Window(Case):
             program.line("key 66 ")
             self.assertEqual(self.keys(program), [66])
             program.close()
+
+    def test_lines_are_seen(self):
+        white, yellow = 0xFFFFFF, 0xFFFF00
+        self.assertEqual(self.display.pixels(white) + self.display.pixels(yellow), 0)
+        program = self.probe("line", "turn left, west")
+        wait_until(lambda: self.display.pixels(white) > 500, "the line")
+        self.assertEqual(self.display.pixels(yellow), 0)
+        program.close()
+        self.probe("line", "[tram, left to right]")
+        wait_until(lambda: self.display.pixels(yellow) > 500, "the caption")
 
     def test_it_ends_at_once_from_any_wait(self):
         ways = {

@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "platform/captions/printable.h"
 #include "platform/terminal/editor_choice.h"
-#include "platform/terminal/printed_lines.h"
 #include "platform/terminal/terminal_keys.h"
 
 namespace tamlo {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,7 +13,6 @@
 
 #include "platform/end_of_process.h"
 #include "platform/system/system_clock.h"
-#include "platform/terminal/printed_speech.h"
 #include "platform/terminal/terminal_events.h"
 #include "platform/terminal/terminal_front_end.h"
 #include "temporary_folder.h"
@@ -190,6 +190,20 @@ TEST_F(TerminalTest, AStopGivesTheTerminalBackUntilItIsContinued) {
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 'Q');
 }
 
+TEST_F(TerminalTest, TheCursorRestsOnTheNewestLine) {
+    const winsize narrow = {24, 10, 0, 0};
+    ::ioctl(game_.Number(), TIOCSWINSZ, &narrow);
+    {
+        LinePrinter printer(
+            game_.Number(), LinePrinter::WhenStuck::drop, [] {}, LinePrinter::Cursor::at_line);
+        for (const char* line : {"one", "", "twice ten and one", "ten cells."}) printer.Print(line);
+    }
+    char printed[100];
+    const ssize_t count = ::read(player_.Number(), printed, sizeof printed);
+    EXPECT_EQ(std::string(printed, static_cast<std::size_t>(std::max<ssize_t>(count, 0))),
+              "one\r\r\ntwice ten and one\r\x1b[1A\r\n\r\nten cells.\r\r\n");
+}
+
 TEST_F(TerminalTest, TheMessageBoxIsClosedByEnter) {
     int ends[2];
     ASSERT_EQ(::pipe(ends), 0);
@@ -210,7 +224,8 @@ TEST_F(TerminalTest, AnEditorGetsTheTerminalAsItWas) {
     std::filesystem::permissions(folder / "edit", std::filesystem::perms::owner_all);
     ::setenv("VISUAL", "no-such-editor --wait", 1);
     ::setenv("EDITOR", ((folder / "edit") + " +1 two").c_str(), 1);
-    EXPECT_TRUE(EditInTerminal(folder / "my streets.txt", *mode_));
+    LinePrinter printer(game_.Number(), LinePrinter::WhenStuck::drop, [] {});
+    EXPECT_TRUE(EditInTerminal(folder / "my streets.txt", *mode_, printer));
     EXPECT_EQ(folder.Content("my streets.txt"), "+1\n");
     EXPECT_EQ(LocalModes() & ICANON, 0U) << "and the game has it back";
 }

@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
+#include <utility>
 
 #include "platform/desktop/display_faults.h"
 #include "platform/desktop/end_signals.h"
@@ -22,6 +24,7 @@ namespace {
 constexpr const char* default_caption = " Tamlo Delivery ";
 constexpr double longest_sleep = 0.25;  // s; a signal can slip in just before a sleep begins
 constexpr Uint32 focus_echo = 5;        // ms
+constexpr Uint64 painting_pause = 50;   // ms from one line painted to the next
 
 /// Events that would only fill the queue while the game speaks and takes no turn.
 constexpr Uint32 unwanted_events[] = {
@@ -54,6 +57,13 @@ void SetHints(const std::string& displays) {
     }
 }
 
+/// A key press with a code.
+struct Key {
+    int code = 0;
+    int modifiers = 0;
+    bool repeated = false;
+};
+
 KeyPress Describe(const SDL_KeyboardEvent& event) {
     return {event.keysym.scancode, event.keysym.sym, (event.keysym.mod & KMOD_NUM) != 0,
             (event.keysym.mod & KMOD_SHIFT) != 0};
@@ -85,6 +95,10 @@ struct DesktopWindow::Impl {
     bool closed = false;
     bool lost = false;      ///< another program has destroyed the window
     Uint32 focused_at = 0;  ///< time of the last focus, as of key events
+    WindowPainter painter;
+    bool unpainted = false;  ///< there are lines to paint
+    Uint64 painted_at = 0;
+    std::function<void(bool)> tell_focus;
 
     ~Impl() {
         if (lost) return;
@@ -92,12 +106,33 @@ struct DesktopWindow::Impl {
         SDL_QuitSubSystem(SDL_INIT_VIDEO);
     }
 
-    void Paint() { PaintWindow(window, shown_text); }
+    void Paint() {
+        if (shown_text.empty()) {
+            painter.PaintLines(window);
+        } else {
+            painter.PaintMessage(window, shown_text);
+        }
+        unpainted = false;
+        painted_at = SDL_GetTicks64();
+    }
+
+    /// Paints the lines that are due; for how many milliseconds the next must wait.
+    Uint64 PaintDueLines() {
+        if (!unpainted || (SDL_GetWindowFlags(window) & SDL_WINDOW_SHOWN) == 0) return 0;
+        const Uint64 passed = SDL_GetTicks64() - painted_at;
+        if (passed < painting_pause) return painting_pause - passed;
+        Paint();
+        return 0;
+    }
 
     /// Waits for any event at most `seconds`, and takes none.
     void Sleep(double seconds) {
         const double sleep = std::clamp(seconds, 0.0, longest_sleep);
-        SDL_WaitEventTimeout(nullptr, static_cast<int>(std::ceil(sleep * 1000)));
+        auto milliseconds = static_cast<int>(std::ceil(sleep * 1000));
+        if (const Uint64 pause = PaintDueLines()) {
+            milliseconds = std::min(milliseconds, static_cast<int>(pause));
+        }
+        SDL_WaitEventTimeout(nullptr, milliseconds);
     }
 
     /// Takes in what the desktop has sent, and deals with all but the key presses.
@@ -105,7 +140,8 @@ struct DesktopWindow::Impl {
         if (!closed && !lost) SDL_PumpEvents();
         SDL_Event event;
         while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_FIRSTEVENT, SDL_KEYDOWN - 1) > 0 ||
-               SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_KEYDOWN + 1, SDL_LASTEVENT) > 0) {
+               SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_KEYDOWN + 1, SDL_USEREVENT - 1) > 0 ||
+               SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_USEREVENT + 1, SDL_LASTEVENT) > 0) {
             if (event.type == SDL_QUIT) closed = true;
             if (event.type == SDL_WINDOWEVENT) DealWith(event.window);
         }
@@ -115,43 +151,54 @@ struct DesktopWindow::Impl {
     void DealWith(const SDL_WindowEvent& event) {
         switch (event.event) {
             case SDL_WINDOWEVENT_CLOSE: closed = true; break;
-            case SDL_WINDOWEVENT_FOCUS_GAINED: focused_at = event.timestamp; break;
+            case SDL_WINDOWEVENT_FOCUS_GAINED:
+                focused_at = event.timestamp;
+                if (tell_focus) tell_focus(true);
+                break;
+            case SDL_WINDOWEVENT_FOCUS_LOST:
+                if (tell_focus) tell_focus(false);
+                break;
             case SDL_WINDOWEVENT_EXPOSED:
             case SDL_WINDOWEVENT_SIZE_CHANGED: Paint(); break;
             default: break;
         }
     }
 
-    /// The next queued key press that has a code; false when there is none.
-    bool NextKey(SDL_KeyboardEvent& key, int& code) {
+    /// The next queued key press, if there is one; those of the keyboard first.
+    std::optional<Key> NextKey() {
         SDL_Event event;
         while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_KEYDOWN, SDL_KEYDOWN) > 0) {
-            key = event.key;
-            code = VirtualKeyCode(Describe(key));
+            const int code = VirtualKeyCode(Describe(event.key));
             // A window that takes the focus is told of the modifiers held just then (the Alt of
             // Alt+Tab): nobody has pressed them for the game, and they must not cut its speech.
-            const bool echo = IsModifier(code) && key.timestamp - focused_at <= focus_echo;
-            if (code != 0 && !(echo && focused_at != 0)) return true;
+            const bool echo = IsModifier(code) && event.key.timestamp - focused_at <= focus_echo;
+            if (code == 0 || (echo && focused_at != 0)) continue;
+            return Key{code, ModifiersOf(event.key), event.key.repeat != 0};
         }
-        return false;
+        if (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_USEREVENT, SDL_USEREVENT) > 0) {
+            return Key{event.user.code};
+        }
+        return std::nullopt;
     }
 
     /// Whether one of the queued keys closes a message box; takes them all up to that one. A key
     /// still held down from before the box is no answer.
     bool Answered() {
         TakeIn();
-        SDL_KeyboardEvent key;
-        for (int code = 0; NextKey(key, code);) {
-            if (key.repeat == 0 && (code == 13 || code == 27 || code == 32)) return true;
+        while (const auto key = NextKey()) {
+            if (!key->repeated && (key->code == 13 || key->code == 27 || key->code == 32)) {
+                return true;
+            }
         }
         return false;
     }
 
     bool DeliverKeys(KeyListener& listener) {
-        SDL_KeyboardEvent key;
-        int code = 0;
         bool any = false;
-        for (; NextKey(key, code); any = true) listener.Form_KeyDown(code, ModifiersOf(key));
+        while (const auto key = NextKey()) {
+            any = true;
+            listener.Form_KeyDown(key->code, key->modifiers);
+        }
         return any;
     }
 };
@@ -208,6 +255,27 @@ void DesktopWindow::Turn(KeyListener& listener, double rest) {
 
 void DesktopWindow::Pump() {
     impl_->TakeIn();
+    impl_->PaintDueLines();
+}
+
+void DesktopWindow::ShowLine(const std::string& line) {
+    impl_->painter.AddLine(line);
+    impl_->unpainted = true;
+}
+
+void DesktopWindow::Press(int code) {
+    SDL_Event event{};
+    event.type = SDL_USEREVENT;
+    event.user.code = code;
+    SDL_PushEvent(&event);
+}
+
+int DesktopWindow::Number() const {
+    return static_cast<int>(XWindowOf(impl_->window));
+}
+
+void DesktopWindow::OnFocus(std::function<void(bool focused)> tell) {
+    impl_->tell_focus = std::move(tell);
 }
 
 void DesktopWindow::MessageBox(const std::string& text) {
@@ -216,6 +284,7 @@ void DesktopWindow::MessageBox(const std::string& text) {
     impl_->Paint();
     impl_->TakeIn();
     SDL_FlushEvent(SDL_KEYDOWN);
+    SDL_FlushEvent(SDL_USEREVENT);
     std::fprintf(stderr, "%s\n", impl_->shown_text.c_str());
     while (!impl_->Answered()) impl_->Sleep(until_event);
     impl_->shown_text.clear();

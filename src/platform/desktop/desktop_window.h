@@ -1,6 +1,7 @@
 // The game's window: its keys, its message box, and every way in which the desktop ends the game.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -27,6 +28,18 @@ class DesktopWindow : public Events {
     /// Keeps the window alive during a wait that is no event turn: answers the desktop, and leaves
     /// key presses queued for the next turn.
     void Pump();
+
+    /// Adds a line to those seen in the window; it is painted in one of the next turns, once no key
+    /// waits.
+    void ShowLine(const std::string& line);
+
+    /// A key from elsewhere, by its virtual-key code. Any thread may press it.
+    static void Press(int code);
+
+    /// Number of the window for the other programs of an X display; 0 on displays of other kinds.
+    int Number() const;
+    /// Tells in turns and pumps whether the window has got or lost the keyboard focus.
+    void OnFocus(std::function<void(bool focused)> tell);
 
     /// Shows the text in the window and on standard error until the player presses Enter, Space or
     /// Escape. Keys pressed before it appears do not close it.

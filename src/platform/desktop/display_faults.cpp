@@ -30,12 +30,18 @@ int LostConnection(Display*) {
 
 }  // namespace
 
-void WatchForDisplayFaults(SDL_Window* window, bool& lost) {
+unsigned long XWindowOf(SDL_Window* window) {
     SDL_SysWMinfo info;
     SDL_VERSION(&info.version);
-    if (SDL_GetWindowWMInfo(window, &info) == SDL_FALSE || info.subsystem != SDL_SYSWM_X11) return;
+    if (SDL_GetWindowWMInfo(window, &info) == SDL_FALSE || info.subsystem != SDL_SYSWM_X11)
+        return 0;
+    return info.info.x11.window;
+}
+
+void WatchForDisplayFaults(SDL_Window* window, bool& lost) {
+    own_window = XWindowOf(window);
+    if (own_window == 0) return;
     lost_flag = &lost;
-    own_window = info.info.x11.window;
     XSetErrorHandler(RefusedRequest);
     XSetIOErrorHandler(LostConnection);
 }

@@ -1,11 +1,13 @@
 // Sleeping in poll for keys, signals and deadlines at once.
 #include "platform/terminal/key_input.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <iterator>
 
 namespace tamlo {
 namespace {
@@ -21,7 +23,22 @@ timespec AsTimespec(Time time) {
 }  // namespace
 
 KeyInput::KeyInput(int descriptor, Gaps gaps, const Clock& clock, SignalWatch& signals)
-    : descriptor_(descriptor), gaps_(gaps), clock_(clock), signals_(signals), keys_(gaps) {}
+    : descriptor_(descriptor), gaps_(gaps), clock_(clock), signals_(signals), keys_(gaps) {
+    int ends[2];
+    if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return;
+    pressed_ = Descriptor(ends[0]);
+    presser_ = Descriptor(ends[1]);
+}
+
+void KeyInput::Press(int code) {
+    const auto byte = static_cast<unsigned char>(code);
+    [[maybe_unused]] const ssize_t written = ::write(presser_.Number(), &byte, 1);
+}
+
+void KeyInput::TakePressed() {
+    unsigned char code = 0;
+    while (::read(pressed_.Number(), &code, 1) == 1) keys_.Press(code);
+}
 
 void KeyInput::Await(double seconds) {
     constexpr double longest = 3600;
@@ -39,10 +56,13 @@ void KeyInput::Await(double seconds) {
 
 /// Sleeps at most that long and reads what has come; true if a signal is to be looked at.
 bool KeyInput::SleepOnce(Time longest) {
-    pollfd sources[] = {{signals_.Readable(), POLLIN, 0}, {ended_ ? -1 : descriptor_, POLLIN, 0}};
+    pollfd sources[] = {{signals_.Readable(), POLLIN, 0},
+                        {ended_ ? -1 : descriptor_, POLLIN, 0},
+                        {pressed_.Number(), POLLIN, 0}};
     const timespec timeout = AsTimespec(longest);
-    if (::ppoll(sources, 2, &timeout, nullptr) < 0) return true;
+    if (::ppoll(sources, std::size(sources), &timeout, nullptr) < 0) return true;
     if (sources[1].revents != 0) Read();
+    if (sources[2].revents != 0) TakePressed();
     return sources[0].revents != 0;
 }
 

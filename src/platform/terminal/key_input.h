@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/clock.h"
+#include "platform/system/descriptor.h"
 #include "platform/terminal/signal_watch.h"
 #include "platform/terminal/terminal_keys.h"
 
@@ -21,6 +22,9 @@ class KeyInput {
     /// To be called once in every event turn: the key for this turn, if any.
     std::optional<int> Take() { return keys_.Take(); }
     bool Waiting() const { return keys_.Waiting(); }
+    /// A key from elsewhere, a virtual-key code below 256. Any thread may press it, and never
+    /// waits.
+    void Press(int code);
     /// Whether everything has been read that will ever come; keys may still be waiting.
     bool Ended() const { return ended_; }
     /// Whether the other side is gone, even if its last bytes have not been read.
@@ -29,11 +33,14 @@ class KeyInput {
   private:
     bool SleepOnce(TerminalKeys::Time longest);
     void Read();
+    void TakePressed();
 
     int descriptor_;
     Gaps gaps_;
     const Clock& clock_;
     SignalWatch& signals_;
+    Descriptor pressed_;  ///< a byte for each key from elsewhere
+    Descriptor presser_;
     TerminalKeys keys_;
     bool ended_ = false;
 };

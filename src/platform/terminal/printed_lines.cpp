@@ -1,7 +1,8 @@
-// Making texts harmless, and printing them without ever being held up for good.
+// Printing lines without ever being held up for good.
 #include "platform/terminal/printed_lines.h"
 
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -9,65 +10,81 @@
 #include <climits>
 #include <utility>
 
+#include "platform/captions/printable.h"
+#include "platform/end_of_process.h"
+
 namespace tamlo {
 namespace {
 
-/// Length of the well-formed UTF-8 character at the start of `text`; 0 if there is none.
-std::size_t CharacterLength(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned first = byte(0);
-    if (first < 0x80) return 1;
-    const std::size_t length = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
-    if (first < 0xc2 || first > 0xf4 || text.size() < length) return 0;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xc0U) != 0x80) return 0;
-    }
-    const unsigned second = byte(1);
-    const bool overlong = (first == 0xe0 && second < 0xa0) || (first == 0xf0 && second < 0x90);
-    const bool no_character = (first == 0xed && second > 0x9f) || (first == 0xf4 && second > 0x8f);
-    return overlong || no_character ? 0 : length;
+/// Columns and rows of a terminal; none of something else.
+struct Screen {
+    std::size_t columns = 0;
+    std::size_t rows = 0;
+};
+
+Screen ScreenOf(int descriptor) {
+    winsize size = {};
+    if (::ioctl(descriptor, TIOCGWINSZ, &size) != 0) return {};
+    return {size.ws_col, size.ws_row};
 }
 
-/// Whether a terminal could take the character for a command: C0, DEL and C1.
-bool IsControl(std::string_view character) {
-    const auto first = static_cast<unsigned char>(character.front());
-    if (character.size() == 1) return first < 0x20 || first == 0x7f;
-    return first == 0xc2 && static_cast<unsigned char>(character[1]) < 0xa0;
+/// How many rows of the screen a line takes, no more than there are.
+std::size_t RowsOf(std::string_view line, const Screen& screen) {
+    if (screen.columns == 0) return 1;
+    const std::size_t rows = (CharacterCount(line) + screen.columns - 1) / screen.columns;
+    return std::clamp<std::size_t>(rows, 1, std::max<std::size_t>(screen.rows, 1));
+}
+
+std::string UpTo(std::size_t rows) {
+    return rows == 0 ? "" : "\x1b[" + std::to_string(rows) + "A";
 }
 
 }  // namespace
 
-std::string PrintableLine(std::string_view text) {
-    std::string line;
-    while (!text.empty()) {
-        const std::size_t length = CharacterLength(text);
-        const std::string_view character = text.substr(0, length);
-        if (length != 0) line += IsControl(character) ? std::string_view(" ") : character;
-        text.remove_prefix(std::max<std::size_t>(length, 1));
+LinePrinter::LinePrinter(int descriptor, WhenStuck when_stuck, std::function<void()> check,
+                         Cursor cursor)
+    : descriptor_(descriptor), when_stuck_(when_stuck), check_(std::move(check)), cursor_(cursor) {}
+
+LinePrinter::~LinePrinter() {
+    try {
+        LeaveLine();
+    } catch (const EndOfProcess&) {
+        // The end is on its way already.
     }
-    const std::size_t first = line.find_first_not_of(' ');
-    if (first == std::string::npos) return "";
-    return line.substr(first, line.find_last_not_of(' ') - first + 1);
 }
 
-LinePrinter::LinePrinter(int descriptor, WhenStuck when_stuck, std::function<void()> check)
-    : descriptor_(descriptor), when_stuck_(when_stuck), check_(std::move(check)) {}
-
 void LinePrinter::Print(std::string_view line) {
-    if (line.empty() || broken_) return;
-    const std::string printed = std::string(line) + '\n';
-    std::string_view rest = printed;
+    if (line.empty()) return;
+    if (cursor_ == Cursor::below) {
+        Write(std::string(line) + '\n');
+        return;
+    }
+    const std::size_t rows = RowsOf(line, ScreenOf(descriptor_));
+    if (Write(std::string(rows_above_, '\n') + std::string(line) + '\r' + UpTo(rows - 1))) {
+        rows_above_ = rows;
+    }
+}
+
+void LinePrinter::LeaveLine() {
+    if (Write(std::string(rows_above_, '\n'))) rows_above_ = 0;
+}
+
+/// False if it could not be written, or not in full.
+bool LinePrinter::Write(std::string_view rest) {
+    if (broken_) return false;
     while (!rest.empty()) {
-        if (!AwaitRoom()) return;
+        if (!AwaitRoom()) return false;
         // A pipe that has any room takes this much without holding us up.
         const ssize_t count =
             ::write(descriptor_, rest.data(), std::min<std::size_t>(rest.size(), PIPE_BUF));
         if (count > 0) {
             rest.remove_prefix(static_cast<std::size_t>(count));
         } else if (errno != EINTR && errno != EAGAIN) {
-            return GiveUp();
+            GiveUp();
+            return false;
         }
     }
+    return true;
 }
 
 /// True when there is room to print; false if the line is to be left out.

@@ -1,15 +1,12 @@
-// Spoken texts as lines of print, for braille displays, screen readers and logs.
+// Lines of print, for braille displays, screen readers and logs.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
 
 namespace tamlo {
-
-/// The text as one line that no terminal can take for a command: without blanks at its ends,
-/// control characters as blanks, ill-formed UTF-8 left out. Empty if nothing is left.
-std::string PrintableLine(std::string_view text);
 
 /// Prints lines to a descriptor. A reader that goes away or stands still never ends the game.
 class LinePrinter {
@@ -20,21 +17,36 @@ class LinePrinter {
         drop,  ///< after a second, leave lines out: the game is played by ear
     };
 
-    /// `check` is called while waiting and may throw to give up.
-    LinePrinter(int descriptor, WhenStuck when_stuck, std::function<void()> check);
+    /// Where the cursor rests.
+    enum class Cursor {
+        below,    ///< under the last line, as in any file
+        at_line,  ///< on its first character, where a braille display that follows it shows it
+    };
 
-    /// Prints the line and a line end; nothing if the line is empty.
+    /// `check` is called while waiting and may throw to give up.
+    LinePrinter(int descriptor, WhenStuck when_stuck, std::function<void()> check,
+                Cursor cursor = Cursor::below);
+    LinePrinter(const LinePrinter&) = delete;
+    LinePrinter& operator=(const LinePrinter&) = delete;
+    ~LinePrinter();
+
+    /// Prints one line; nothing if it is empty.
     void Print(std::string_view line);
+    /// Puts the cursor under the last line, for whoever prints next.
+    void LeaveLine();
     /// Prints a text of several lines, whichever line ends it has.
     void PrintLines(std::string_view text);
 
   private:
+    bool Write(std::string_view rest);
     bool AwaitRoom();
     void GiveUp();
 
     int descriptor_;
     WhenStuck when_stuck_;
     std::function<void()> check_;
+    Cursor cursor_;
+    std::size_t rows_above_ = 0;  ///< line ends to print before the next line
     bool broken_ = false;
     bool stuck_ = false;  ///< the last line was left out
 };

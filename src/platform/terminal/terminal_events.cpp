@@ -41,11 +41,15 @@ void TerminalEvents::Pump() {
 void TerminalEvents::HandleSignals() {
     signals_.Check();
     if (signals_.StopWanted()) {
+        tell_stop_(true);
         mode_.Leave();
         signals_.Stop();
     }
     // Also after a stop that could not be foreseen: the shell has changed the terminal meanwhile.
-    if (signals_.Continued()) mode_.Enter();
+    if (signals_.Continued()) {
+        mode_.Enter();
+        tell_stop_(false);
+    }
 }
 
 }  // namespace tamlo

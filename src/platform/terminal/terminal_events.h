@@ -1,6 +1,9 @@
 // The event queue of a game that is played in a terminal.
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "platform/events.h"
 #include "platform/terminal/key_input.h"
 #include "platform/terminal/terminal_mode.h"
@@ -17,6 +20,8 @@ class TerminalEvents : public Events {
 
     void ShowWindow(const char* caption) override;
     void Turn(KeyListener& listener, double rest) override;
+    /// Told before the shell has the terminal back, and when the game has it again.
+    void OnStop(std::function<void(bool stopped)> tell) { tell_stop_ = std::move(tell); }
     /// For a wait that is no event turn: everything but keys.
     void Pump();
 
@@ -26,6 +31,7 @@ class TerminalEvents : public Events {
     KeyInput& keys_;
     TerminalMode& mode_;
     SignalWatch& signals_;
+    std::function<void(bool)> tell_stop_ = [](bool) {};
 };
 
 }  // namespace tamlo

@@ -31,8 +31,9 @@ void ShowMessage(const std::string& text, Events& events, LinePrinter& printer) 
     while (!key.pressed) events.Turn(key, until_event);
 }
 
-bool EditInTerminal(const std::string& path, TerminalMode& mode) {
+bool EditInTerminal(const std::string& path, TerminalMode& mode, LinePrinter& printer) {
     const auto commands = EditorCommands(Variable("VISUAL"), Variable("EDITOR"), path);
+    printer.LeaveLine();
     mode.Leave();
     bool started = false;
     for (const auto& command : commands) {

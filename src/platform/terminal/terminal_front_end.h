@@ -14,6 +14,6 @@ void ShowMessage(const std::string& text, Events& events, LinePrinter& printer);
 
 /// Runs the player's editor on the file, in the terminal that `mode` prepares, and returns when
 /// it has ended; keys typed meanwhile are its own. False if no editor could be started.
-bool EditInTerminal(const std::string& path, TerminalMode& mode);
+bool EditInTerminal(const std::string& path, TerminalMode& mode, LinePrinter& printer);
 
 }  // namespace tamlo

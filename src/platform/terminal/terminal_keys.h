@@ -33,6 +33,8 @@ class TerminalKeys {
 
     /// Bytes that came at `now`, a time on any steady clock.
     void Feed(std::string_view bytes, Time now);
+    /// A key that has come in another way, behind those that wait.
+    void Press(int code) { keys_.push_back(code); }
     /// Decides about an unfinished sequence whose time is over: most often it is a lone Escape.
     void Settle(Time now);
     /// Decides about it at once, because nothing can follow.
