@@ -2,7 +2,7 @@
 # The Debian packages that the project needs; read by scripts/common.sh.
 
 # To build anything at all: one configuration serves the game, its tools and its tests.
-build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libespeak-ng-dev
+build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libespeak-ng-dev libbrlapi-dev
     flite1-dev libpng-dev liblouis-dev libgtest-dev libgmock-dev libbenchmark-dev"
 
 # To play what has been built.
@@ -12,7 +12,7 @@ play_packages="espeak-ng-data fonts-dejavu-core"
 checking_packages="desktop-file-utils appstream man-db groff codespell liblouis-bin liblouis-data"
 
 # Without these some tests are skipped, and say so.
-test_packages="xvfb xdotool pulseaudio pulseaudio-utils tmux procps strace"
+test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils tmux procps strace"
 
 # Only scripts/fuzz-long asks for these.
 fuzz_packages="clang-14 libclang-rt-14-dev"

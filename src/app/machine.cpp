@@ -12,8 +12,10 @@
 
 #include "app/sound_meanings.h"
 #include "game/form1.h"
+#include "platform/brltty/braille_display.h"
 #include "platform/captions/captioned_sound.h"
 #include "platform/captions/captioned_speech.h"
+#include "platform/captions/printable.h"
 #include "platform/desktop/desktop_window.h"
 #include "platform/desktop/sound_output.h"
 #include "platform/end_of_process.h"
@@ -95,13 +97,21 @@ EndOfProcess RunGame(const Platform& platform, const Story& story) {
 Ending PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Story& story) {
     Machine machine;
     const auto pump = [&] { window.Pump(); };
+    BrailleDisplay braille({.window = window.Number(), .press = DesktopWindow::Press});
+    braille.SetFocus(false);
+    window.OnFocus([&](bool focused) { braille.SetFocus(focused); });
     HeardVoice voice(sound, pump);
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump);
     Captioned heard(voice.Service(), sound, machine.clock, [&](const std::string& line) {
         window.ShowLine(line);
+        braille.Show(line);
         if (!sound.Audible()) printer.Print(line);
     });
-    SystemDesktop desktop({.message_box = [&](const std::string& text) { window.MessageBox(text); },
+    SystemDesktop desktop({.message_box =
+                               [&](const std::string& text) {
+                                   braille.Show(PrintableLine(text));
+                                   window.MessageBox(text);
+                               },
                            .beep = [&] { heard.Beep(); },
                            .edit = EditOnDesktop});
     const EndOfProcess end = RunGame(
@@ -125,17 +135,30 @@ Ending PlayInTerminal(SoundOutput& sound, const Story& story) {
     KeyInput keys(STDIN_FILENO, Gaps::kept, machine.clock, signals);
     TerminalEvents events(keys, mode, signals);
     const auto pump = [&] { events.Pump(); };
+    BrailleDisplay braille({.window = {}, .press = [&](int code) { keys.Press(code); }});
     HeardVoice voice(sound, pump);
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump, CursorWanted());
     events.OnStop([&](bool stopped) {
         if (stopped) printer.LeaveLine();
+        stopped ? braille.GiveBack() : braille.SetFocus(true);
     });
-    Captioned heard(voice.Service(), sound, machine.clock,
-                    [&](const std::string& line) { printer.Print(line); });
-    SystemDesktop desktop(
-        {.message_box = [&](const std::string& text) { ShowMessage(text, events, printer); },
-         .beep = [&] { heard.Beep(); },
-         .edit = [&](const std::string& path) { return EditInTerminal(path, mode, printer); }});
+    Captioned heard(voice.Service(), sound, machine.clock, [&](const std::string& line) {
+        braille.Show(line);
+        printer.Print(line);
+    });
+    SystemDesktop desktop({.message_box =
+                               [&](const std::string& text) {
+                                   braille.Show(PrintableLine(text));
+                                   ShowMessage(text, events, printer);
+                               },
+                           .beep = [&] { heard.Beep(); },
+                           .edit =
+                               [&](const std::string& path) {
+                                   braille.GiveBack();
+                                   const bool edited = EditInTerminal(path, mode, printer);
+                                   braille.SetFocus(true);
+                                   return edited;
+                               }});
     const EndOfProcess end = RunGame(
         {heard.speech, heard.sounds, events, machine.files, machine.clock, desktop, machine.random},
         story);

@@ -1,0 +1,14 @@
+// Built without BRLTTY's header: no display.
+#include "platform/brltty/braille_display.h"
+
+namespace tamlo {
+
+struct BrailleDisplay::Mailbox {};
+
+BrailleDisplay::BrailleDisplay(Plan) {}
+BrailleDisplay::~BrailleDisplay() = default;
+void BrailleDisplay::Show(const std::string&) {}
+void BrailleDisplay::SetFocus(bool) {}
+void BrailleDisplay::GiveBack() {}
+
+}  // namespace tamlo
