@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/mixing/mixer.h"
+#include "platform/mixing_signals.h"
 
 namespace tamlo {
 namespace {
@@ -58,7 +59,23 @@ void MixingPortable(benchmark::State& state) {
     Mixing(state, Instructions::portable);
 }
 
+// Signal to noise of a tone in 22,050 Hz material, in dB.
+void Tones(benchmark::State& state) {
+    constexpr int rate = 22050;
+    const auto hertz = static_cast<double>(state.range(0));
+    const std::vector<float> tone = Tone(hertz, rate, rate);
+    std::vector<float> out(20000);
+    for (auto once : state) {
+        static_cast<void>(once);
+        Walk walk{1000 * fixed_one, StepFor(rate), 0};
+        SelectInterpolator(BestInstructions())(tone.data(), walk, static_cast<int>(out.size()),
+                                               out.data());
+    }
+    state.counters["dB"] = FitTone(out, hertz / stream_rate).signal_to_noise;
+}
+
 BENCHMARK(MixingBest)->Arg(0)->Arg(1)->Arg(8)->Arg(64)->Unit(benchmark::kMillisecond);
+BENCHMARK(Tones)->Arg(400)->Arg(1000)->Arg(3000)->Arg(6000)->Arg(9000)->Iterations(1);
 BENCHMARK(MixingPortable)->Arg(1)->Arg(8)->Arg(64)->Unit(benchmark::kMillisecond);
 
 }  // namespace

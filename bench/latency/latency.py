@@ -14,9 +14,13 @@ import time
 import unittest
 
 from keyboard import Keyboard
-from machine import Display, stop
+from machine import NO_SOUND, Display, stop
 from programs import Command, Game, Reference, Service
 from recording import PipeWire, PulseAudio
+
+
+# All other figures are delays, kept in seconds and told in milliseconds.
+NO_DELAYS = ("callbacks", "processor, %", "wakes a second", "resident, MB")
 
 
 def quantile(values, share):
@@ -48,20 +52,27 @@ class Report:
     def add(self, server, program, frames, condition, figure, values, dropouts, load):
         if not values:
             return
-        scale = 1 if figure == "callbacks" else 1000
+        scale, digits = (1, 2) if figure in NO_DELAYS else (1000, 1)
         row = {"server": server, "program": program, "frames": frames, "condition": condition,
                "figure": figure, "n": len(values),
-               "p50": round(scale * statistics.median(values), 1),
-               "p90": round(scale * quantile(values, 0.9), 1),
-               "max": round(scale * max(values), 1), "dropouts": dropouts,
+               "p50": round(scale * statistics.median(values), digits),
+               "p90": round(scale * quantile(values, 0.9), digits),
+               "max": round(scale * max(values), digits), "dropouts": dropouts,
                "busy": load.busy()}
         self.rows.append(row)
         print("{server:10} {program:14} {frames!s:>11} {condition:8} {figure:17} {n:3} "
-              "{p50:7.1f} {p90:7.1f} {max:7.1f} {dropouts!s:>9} {busy:3} %".format(**row), flush=True)
+              "{p50:7} {p90:7} {max:7} {dropouts!s:>9} {busy:3} %".format(**row), flush=True)
 
     def heading(self):
         print(f"{'server':10} {'program':14} {'frames':>11} {'state':8} {'figure':17} {'n':>3} "
               f"{'p50':>7} {'p90':>7} {'max':>7} drop-outs  busy", flush=True)
+
+
+class NoServer:
+    """In place of a sound server: a machine without."""
+
+    environment = NO_SOUND
+    recording = None
 
 
 class Bench:
@@ -106,6 +117,37 @@ class Bench:
                 time.sleep(0.5)
             self.report.add(server.name, kind.name, frames, "start", "first sound", delays[1:],
                             None, load)
+
+    def work(self, server):
+        """Processor time in percent of a core, and how often the program's own thread wakes, in
+        turn with the reference program; memory at the end."""
+        figures = collections.defaultdict(list)
+        load = Load()
+        for _ in range(self.options.rounds):
+            for kind, condition, where in ((Reference, "menu", server), (Game, "menu", server),
+                                           (Game, "driving", server), (Game, "no sound", NoServer)):
+                program = self.player(kind, where)
+                try:
+                    if where is NoServer:
+                        time.sleep(8)
+                    else:
+                        program.reach(condition)
+                        time.sleep(2)
+                    busy, wakes, begin = program.processor_time(), program.wakes(), time.monotonic()
+                    while time.monotonic() < begin + self.options.seconds:
+                        time.sleep(1)
+                        if condition == "driving":
+                            self.keyboard.press("Down")  # so that the voice speaks, too
+                    took = time.monotonic() - begin
+                    row = (kind.name, condition)
+                    figures[*row, "processor, %"].append(
+                        100 * (program.processor_time() - busy) / took)
+                    figures[*row, "wakes a second"].append((program.wakes() - wakes) / took)
+                    figures[*row, "resident, MB"].append(program.resident())
+                finally:
+                    program.close()
+        for (name, condition, figure), values in figures.items():
+            self.report.add(server.name, name, None, condition, figure, values, None, load)
 
     def long(self, server, what):
         """What shows only in the course of minutes: drop-outs while nothing happens, and what a
@@ -159,6 +201,8 @@ class Bench:
                     print(f"{kind.name}: {missing}")
         if "starts" in wanted:
             self.starts(server)
+        if "work" in wanted:
+            self.work(server)
         for what in ("idle", "held"):
             if what in wanted:
                 self.long(server, what)
@@ -172,7 +216,9 @@ def main(game, bench):
     parser.add_argument("--minutes", type=float, default=10, help="of idle and held (10)")
     parser.add_argument("--server", choices=["PulseAudio", "PipeWire"], help="only this one")
     parser.add_argument("--figures", nargs="+", default=["keys", "others", "starts"],
-                        choices=["keys", "others", "starts", "idle", "held"])
+                        choices=["keys", "others", "starts", "work", "idle", "held"])
+    parser.add_argument("--rounds", type=int, default=3, help="of work, in turn (3)")
+    parser.add_argument("--seconds", type=float, default=20, help="of each round (20)")
     options = parser.parse_args()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     with tempfile.TemporaryDirectory() as folder:

@@ -57,6 +57,12 @@ class Stamps:
         return []
 
 
+def status_number(process, name):
+    """A number that the system tells of a process's first thread."""
+    with open(f"/proc/{process}/status", encoding="ascii") as file:
+        return next(int(line.split()[1]) for line in file if line.startswith(name + ":"))
+
+
 class Player:
     """A program with a window that answers keys."""
 
@@ -87,10 +93,37 @@ class Player:
         time.sleep(0.05)
         return self.recording.await_quiet(pressed, 0.1) - pressed
 
+    def processes(self):
+        """The process that was started, and those that it has started in turn."""
+        parents = {}
+        for entry in os.listdir("/proc"):
+            try:
+                with open(f"/proc/{entry}/stat", encoding="utf-8", errors="replace") as file:
+                    parents[int(entry)] = int(file.read().rsplit(")", 1)[1].split()[1])
+            except (OSError, ValueError):
+                pass  # no process, or no longer
+        own = [self.program.process.pid]
+        for process in own:
+            own += [child for child, parent in parents.items() if parent == process]
+        return own
+
     def resident(self):
-        """Memory in use, in MB."""
-        with open(f"/proc/{self.program.process.pid}/status", encoding="ascii") as file:
-            return next(int(line.split()[1]) / 1024 for line in file if line.startswith("VmRSS"))
+        """Memory in use, in MB, of the largest process: what the others have they share with it."""
+        return max(status_number(process, "VmRSS") for process in self.processes()) / 1024
+
+    def processor_time(self):
+        """Seconds, of all threads that there are now."""
+        nanoseconds = 0
+        for process in self.processes():
+            for thread in os.listdir(f"/proc/{process}/task"):
+                with open(f"/proc/{process}/task/{thread}/schedstat", encoding="ascii") as file:
+                    nanoseconds += int(file.read().split()[0])
+        return nanoseconds / 1e9
+
+    def wakes(self):
+        """How often the first threads of all processes have gone to sleep so far."""
+        return sum(status_number(process, "voluntary_ctxt_switches")
+                   for process in self.processes())
 
     def close(self):
         self.program.close()
@@ -258,7 +291,10 @@ class Service:
         self.tell("CANCEL SELF")
         self.say("male")
         broken_off = self.recording.await_quiet(asked, 0.004)
-        figures["break off and say"].append(self.recording.await_onset(broken_off + 0.004) - asked)
+        time.sleep(1)
+        said = self.recording.onset(broken_off + 0.004)
+        if said:  # now and then the service drops what it is told right behind breaking off
+            figures["break off and say"].append(said - asked)
 
     def close(self):
         self.socket.close()

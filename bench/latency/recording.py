@@ -24,7 +24,8 @@ class Recording:
         self.pieces = []  # (time, loudest sample)
         self.gaps = []    # times of gaps in the marker
         self.silent = False
-        threading.Thread(target=self._read, daemon=True).start()
+        self.reader = threading.Thread(target=self._read, daemon=True)
+        self.reader.start()
         wait_until(lambda: self.pieces, "the recording")
 
     def _read(self):
@@ -83,6 +84,8 @@ class Recording:
         return sum(begin <= gap <= end for gap in self.gaps)
 
     def close(self):
+        self.process.kill()
+        self.reader.join()
         stop(self.process)
 
 
@@ -99,6 +102,11 @@ class PulseAudio:
         own = dict(os.environ, HOME=runtime, PULSE_RUNTIME_PATH=runtime, PULSE_STATE_PATH=runtime,
                    XDG_RUNTIME_DIR=runtime)
         own.pop("DISPLAY", None)
+        # The server has real-time priority, as on a desktop; but on a busy machine it would use up
+        # the time that such a thread may run without a pause, and be killed.
+        with open(os.path.join(runtime, "daemon.conf"), "w", encoding="ascii") as file:
+            file.write("rlimit-rttime = -1\n")
+        own["PULSE_CONFIG_PATH"] = runtime
         self.server = subprocess.Popen(
             ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
              "-L", f"module-native-protocol-unix auth-anonymous=1 socket={socket}",
