@@ -1,4 +1,6 @@
 // tamlo-city: checks, makes, speaks and maps city streets files.
+#include <unistd.h>
+
 #include <array>
 #include <csignal>
 #include <cstdio>
@@ -94,7 +96,8 @@ int Check(const std::string& name) {
     if (!pronounce) std::cout << "No voice is installed, so the sound of names was not compared.\n";
     const std::size_t hints = findings.size() - static_cast<std::size_t>(errors);
     if (errors > 0) {
-        std::cout << name << " has to be mended: " << errors << " errors, " << hints << " hints.\n";
+        std::cout << name << " has to be mended. Errors: " << errors << ". Hints: " << hints
+                  << ".\n";
         return city_is_wrong;
     }
     std::cout << name << " can be played. Hints: " << hints << ".\n";
@@ -105,6 +108,9 @@ int Make(const std::string& name) {
     if (!UsableCityName(name) || name == "original") {
         throw Refused("\"" + name + "\" can't be the name of a city");
     }
+    if (::isatty(STDIN_FILENO) != 0) {
+        std::cerr << "Type the 147 names, one a line. Control and D ends the list.\n";
+    }
     const std::string list{std::istreambuf_iterator<char>(std::cin), {}};
     std::vector<std::string> names;
     for (const StreetField& field : ReadStreetFields(list)) names.push_back(field.name);
@@ -112,7 +118,7 @@ int Make(const std::string& name) {
     if (names.size() != names_in_a_city) {
         throw Refused("the list has " + std::to_string(names.size()) +
                       " names, and needs 147: 45 roads from north to south, then 102 streets from "
-                      "west to east");
+                      "west to east. tamlo-city check, and the file of the list, tell more");
     }
     const auto text = WriteStreetNames(names);
     if (!text) throw Refused("the list has a name with a double quote or a line end in it");

@@ -144,6 +144,11 @@ std::string PlaceOfName(int name) {
 
 std::vector<CityFinding> CheckCity(std::string_view bytes, const Pronounce& pronounce) {
     Findings findings;
+    if (bytes.find('\0') != bytes.npos) {  // every further finding would be about the same
+        return {{Weight::error,
+                 "The file is not a text that the game can read. If an editor has saved it as "
+                 "UTF-16, or Unicode, save it as UTF-8."}};
+    }
     const std::vector<StreetField> fields = ReadStreetFields(bytes);
     CheckText(bytes, findings);
     CheckCount(fields, findings);

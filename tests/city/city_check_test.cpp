@@ -74,6 +74,7 @@ TEST(CityCheck, TellsWhatIsWrongAndWhere) {
     few.resize(140);
     EXPECT_THAT(Told(Lines(few)), ElementsAre("E The file has 140 names, and needs 147: 7 are "
                                               "missing."));
+    EXPECT_THAT(Told(std::string("\xFF\xFEO\0a\0k\0", 8)), ElementsAre(HasSubstr("UTF-16")));
     EXPECT_THAT(Told(""), ElementsAre(HasSubstr("147 are missing")));
 }
 
