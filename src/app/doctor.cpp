@@ -54,6 +54,7 @@ class Doctor {
     void BeginMeasurement();
     void LookAtCard();
 
+    void RingBell(int pan);
     std::optional<bool> HeardIn(const char* ear, int pan);
     void TryEars();
     void HearVoices();
@@ -183,7 +184,7 @@ void Doctor::LookAtCard() {
     const SoundState sound = around_.sound();
     const double rate = static_cast<double>(sound.played - played_before_) / elapsed();
     report_.Note("Sound driver", sound.driver.empty() ? "none" : sound.driver);
-    report_.Note("Frames of a block", std::to_string(sound.frames));
+    if (sound.audible) report_.Note("Frames of a block", std::to_string(sound.frames));
     report_.Note("Frames played in a second", std::to_string(std::lround(rate)));
     report_.Note("Late blocks", std::to_string(sound.late));
     if (!sound.audible) {
@@ -201,18 +202,30 @@ void Doctor::LookAtCard() {
     Add({"the sound card", at_pace ? Weight::fine : Weight::hint, text});
 }
 
+/// Until its end or a key.
+void Doctor::RingBell(int pan) {
+    auto& buffer = form_.gs.wb1;
+    form_.clk();
+    form_.prepare(buffer, bell);
+    buffer->SetPan(pan);
+    buffer->Play(PlayMode::once);
+    do {
+        form_.keyturn(buffer->SecondsLeft());
+    } while (form_.gs.g.empty() && buffer->GetStatus() == status_playing);
+    buffer.reset();
+}
+
 /// Whether the bell was heard only there; nothing if the player would rather leave.
 std::optional<bool> Doctor::HeardIn(const char* ear, int pan) {
     while (true) {
         Tell("Listen to your " + std::string(ear) + " ear.");
-        form_.prepare(form_.gs.wb1, bell);
-        form_.gs.wb1->SetPan(pan);
-        form_.gs.wb1->Play(PlayMode::once);
-        form_.waitfor(*form_.gs.wb1);
-        form_.gs.wb1.reset();
-        form_.say2(" Press Enter if the bell was only in your " + std::string(ear) +
-                   " ear, N if it was not, and any other key to hear it again. Escape leaves. ");
-        form_.getkey();
+        RingBell(pan);
+        if (form_.gs.g.empty()) {  // else the answer has come before the question
+            form_.say2(
+                " Press Enter if the bell was only in your " + std::string(ear) +
+                " ear, N if it was not, and any other key to hear it again. Escape leaves. ");
+            form_.getkey();
+        }
         if (form_.gs.g == keys::enter) return true;
         if (form_.gs.g2 == "n") return false;
         if (form_.gs.g == keys::escape) return std::nullopt;
@@ -221,6 +234,7 @@ std::optional<bool> Doctor::HeardIn(const char* ear, int pan) {
 
 void Doctor::TryEars() {
     if (!sounds_complete_) return Tell("This needs the sound files.");
+    if (!around_.sound().audible) return Tell("This needs a sound card.");
     const auto left = HeardIn("left", only_left);
     const auto right = left ? HeardIn("right", only_right) : std::nullopt;
     if (!left || !right) return;
