@@ -1,27 +1,25 @@
 // Signals by which the system asks the program to end, noted for whoever waits next.
 #pragma once
 
-#include <csignal>
+#include <optional>
+
+#include "platform/system/caught_signals.h"
 
 namespace tamlo {
 
-/// While one lives, SIGINT, SIGTERM and SIGHUP are noted instead of killing the process, unless
-/// they were being ignored already. Each kills as ever when it comes a second time, so that a
-/// program that is stuck can still be ended. At most one may live at a time.
+/// While one lives, SIGINT, SIGTERM and SIGHUP are noted instead of killing the process. Each kills
+/// as ever when it comes a second time, so that a program that is stuck can still be ended. At most
+/// one may live at a time.
 class EndSignals {
   public:
     EndSignals();
-    ~EndSignals();
-    EndSignals(const EndSignals&) = delete;
-    EndSignals& operator=(const EndSignals&) = delete;
 
     /// Whether one of the signals has arrived since construction. A poll or sleep of the main
     /// thread that is under way when it arrives is interrupted.
     bool Arrived() const;
 
   private:
-    static constexpr int signals_[] = {SIGINT, SIGTERM, SIGHUP};
-    struct sigaction before_[3] = {};
+    std::optional<CaughtSignals> caught_;
 };
 
 }  // namespace tamlo

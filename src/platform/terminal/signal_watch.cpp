@@ -5,6 +5,7 @@
 #include <poll.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cmath>
 #include <system_error>
@@ -14,6 +15,8 @@
 
 namespace tamlo {
 namespace {
+
+constexpr std::array watched = {SIGINT, SIGTERM, SIGHUP, SIGTSTP, SIGCONT};
 
 volatile std::sig_atomic_t end_signal = 0;
 volatile std::sig_atomic_t stop_wanted = 0;
@@ -32,12 +35,6 @@ void Note(int signal) {
     // Never blocks; a full pipe wakes the sleeper as well.
     [[maybe_unused]] const ssize_t written = ::write(wake_descriptor, "", 1);
     errno = error;
-}
-
-void Treat(int signal, void (*treatment)(int)) {
-    struct sigaction action = {};
-    action.sa_handler = treatment;
-    ::sigaction(signal, &action, nullptr);
 }
 
 const char* ReasonOf(int signal) {
@@ -61,16 +58,11 @@ SignalWatch::SignalWatch() {
     end_signal = 0;
     stop_wanted = 0;
     continued = 0;
-    for (std::size_t i = 0; i < watched_.size(); ++i) {
-        ::sigaction(watched_[i], nullptr, &before_[i]);
-        if (before_[i].sa_handler != SIG_IGN) Treat(watched_[i], Note);
-    }
+    caught_.emplace(watched, Note);
 }
 
 SignalWatch::~SignalWatch() {
-    for (std::size_t i = 0; i < watched_.size(); ++i) {
-        ::sigaction(watched_[i], &before_[i], nullptr);
-    }
+    caught_.reset();
     wake_descriptor = -1;
 }
 
@@ -94,9 +86,9 @@ bool SignalWatch::StopWanted() {
 }
 
 void SignalWatch::Stop() {
-    Treat(SIGTSTP, SIG_DFL);
+    CaughtSignals::Treat(SIGTSTP, SIG_DFL);
     ::raise(SIGTSTP);
-    Treat(SIGTSTP, Note);
+    CaughtSignals::Treat(SIGTSTP, Note);
 }
 
 bool SignalWatch::Continued() {

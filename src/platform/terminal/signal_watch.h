@@ -1,16 +1,15 @@
 // Signals, turned from interruptions into something that the event turns ask for.
 #pragma once
 
-#include <array>
-#include <csignal>
+#include <optional>
 
+#include "platform/system/caught_signals.h"
 #include "platform/system/descriptor.h"
 
 namespace tamlo {
 
-/// Catches SIGINT, SIGTERM and SIGHUP as wishes to end, SIGTSTP as a wish to stop, and SIGCONT,
-/// except those that were being ignored already: who starts a program so has said that they are
-/// not for it. System calls that sleep are interrupted by them. One object at a time.
+/// Catches SIGINT, SIGTERM and SIGHUP as wishes to end, SIGTSTP as a wish to stop, and SIGCONT.
+/// System calls that sleep are interrupted by them. One object at a time.
 class SignalWatch {
   public:
     SignalWatch();
@@ -32,11 +31,9 @@ class SignalWatch {
     bool Continued();
 
   private:
-    static constexpr std::array watched_ = {SIGINT, SIGTERM, SIGHUP, SIGTSTP, SIGCONT};
-
-    std::array<struct sigaction, watched_.size()> before_{};
     Descriptor readable_;
     Descriptor writable_;
+    std::optional<CaughtSignals> caught_;
 };
 
 }  // namespace tamlo
