@@ -1,5 +1,7 @@
 // The options menu and its dialogs: voice, rate, volume, gender. Each applies a change at once,
 // so that it is heard, and ends by storing the settings.
+#include <functional>
+
 #include "game/form1.h"
 #include "platform/sound.h"
 #include "platform/speech.h"
@@ -47,22 +49,33 @@ void ChangeVoiceVolume(Form1& form, int step) {
     form.say2(word);
 }
 
-void AdjustVoiceVolume(Form1& form) {
-    const GameState& gs = form.gs;
+/// Tells what to do, then has the arrows make a volume louder or quieter until Enter is pressed.
+void ByArrows(Form1& form, const std::function<void()>& tell,
+              const std::function<void(bool louder)>& change) {
+    const std::string& g = form.gs.g;
     while (true) {
+        tell();
+        while (true) {
+            form.getkey();
+            form.stopspeech();
+            if (g == keys::enter) return;
+            if (g != keys::up && g != keys::down) break;
+            change(g == keys::up);
+        }
+        if (g != keys::f1) form.saykey();
+    }
+}
+
+void AdjustVoiceVolume(Form1& form) {
+    const auto tell = [&form] {
         form.clk();
         form.say2(
             " use the up and down arrow keys to raise and lower the volume of the voice. "
             "  Press enter when you have the volume set the way that you want it. ");
-        while (true) {
-            form.getkey();
-            form.stopspeech();
-            if (gs.g == keys::enter) return;
-            if (gs.g != keys::up && gs.g != keys::down) break;
-            ChangeVoiceVolume(form, gs.g == keys::up ? voice_volume_step : -voice_volume_step);
-        }
-        if (gs.g != keys::f1) form.saykey();
-    }
+    };
+    ByArrows(form, tell, [&form](bool louder) {
+        ChangeVoiceVolume(form, louder ? voice_volume_step : -voice_volume_step);
+    });
 }
 
 void ChangeSoundVolume(Form1& form, int step) {
@@ -100,20 +113,15 @@ void AdjustSoundVolume(Form1& form) {
     gs.wb1->Play(PlayMode::once);
     form.dy(1.5);
     gs.wb1->Stop();
-    while (true) {
+    const auto tell = [&form] {
         form.say2(
             " use the up and down arrow keys to adjust the volume of the sounds. "
             "  Press enter when you have the volume set the way that you want it. ");
-        while (true) {
-            form.getkey();
-            form.stopspeech();
-            if (gs.g == keys::enter) return;
-            if (gs.g != keys::up && gs.g != keys::down) break;
-            ChangeSoundVolume(form, gs.g == keys::up ? sound_volume_step : -sound_volume_step);
-            HearSoundVolume(form);
-        }
-        if (gs.g != keys::f1) form.saykey();
-    }
+    };
+    ByArrows(form, tell, [&form](bool louder) {
+        ChangeSoundVolume(form, louder ? sound_volume_step : -sound_volume_step);
+        HearSoundVolume(form);
+    });
 }
 
 }  // namespace
