@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/clock.h"
+#include "platform/date.h"
 
 namespace tamlo {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/clock.h"
+#include "platform/date.h"
 
 namespace tamlo {
 
