@@ -107,9 +107,9 @@ class Player:
             own += [child for child, parent in parents.items() if parent == process]
         return own
 
-    def resident(self):
+    def resident(self, kind="VmRSS"):
         """Memory in use, in MB, of the largest process: what the others have they share with it."""
-        return max(status_number(process, "VmRSS") for process in self.processes()) / 1024
+        return max(status_number(process, kind) for process in self.processes()) / 1024
 
     def processor_time(self):
         """Seconds, of all threads that there are now."""
@@ -187,9 +187,9 @@ class Game(Player):
         self.keyboard.down("Down")
         self.keyboard.flush()
         time.sleep(2)
-        before = self.resident()
+        before = self.resident("RssAnon")  # the stamps are a file in memory, and grow
         time.sleep(max(0, seconds - 2))
-        grown = self.resident() - before
+        grown = self.resident("RssAnon") - before
         released = time.monotonic()
         self.keyboard.up("Down")
         quiet = self.recording.await_quiet(released, 0.5)
