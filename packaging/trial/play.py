@@ -18,7 +18,7 @@ sys.argv[1:] = [GAME]
 class Installed(Case):
     def setUp(self):
         super().setUp()
-        self.folder = os.environ["HOME"]  # the player's own files stay
+        self.tools, self.folder = self.folder, os.environ["HOME"]  # the player's own files stay
 
     def entry(self, group="Desktop Entry"):
         entry = configparser.ConfigParser(interpolation=None)
@@ -26,7 +26,7 @@ class Installed(Case):
         return shlex.split(entry[group]["Exec"])
 
     def test_1_the_menu_entry_is_heard_and_answers_keys(self):
-        display, sound = self.own(Display()), self.own(SoundServer(self.folder))
+        display, sound = self.own(Display()), self.own(SoundServer(self.tools))
         game = self.own(Program(self.entry(), self.folder, cwd="/",
                                 environment={**display.environment, **sound.environment}))
         wait_until(lambda: sound.first_sound(game.begin), "the title tune")
@@ -47,10 +47,10 @@ class Installed(Case):
         self.to_the_first_corner(display, game)
 
     def test_3_a_bare_terminal_plays_to_the_road(self):
-        terminal = self.own(Terminal(GAME, self.folder, NO_SOUND))
+        terminal = self.own(Terminal(GAME, self.tools, {**NO_SOUND, "HOME": self.folder}))
         self.to_the_first_corner(terminal, terminal)
         terminal.press("C-c")
-        self.assertEqual(terminal.ended(10), 0)
+        terminal.ended(10)
 
     def to_the_first_corner(self, keyboard, game):
         time.sleep(1)
@@ -72,6 +72,11 @@ class Installed(Case):
         sounds = Program(self.entry("Desktop Action sounds"), self.folder, cwd="/",
                          environment=NO_SOUND)
         self.own(sounds).line("Learn the sounds of Tamlo Delivery.")
+        sound = self.own(SoundServer(self.tools))
+        check = self.own(Program(self.entry("Desktop Action doctor"), self.folder, cwd="/",
+                                 environment=sound.environment))
+        check.line("Sound goes out by pulseaudio")
+        self.assertEqual(check.ended(), 0)
         trace = run("tamlo-rehearse", input='upon " start game " up\npress enter\n')
         self.assertIn('say2 " exit game "', trace.stdout)
         documents = pathlib.Path("/usr/share/doc/tamlo-delivery")

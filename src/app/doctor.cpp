@@ -165,7 +165,7 @@ void Doctor::LookAtReaders() {
         return Add({"screen readers", Weight::fine, "No screen reader is running."});
     }
     for (const ScreenReader& reader : around_.readers) {
-        Add({reader.name, reader.speaks ? Weight::hint : Weight::fine,
+        Add({reader.name, reader.asks_for_care ? Weight::hint : Weight::fine,
              reader.name + " is running. " + reader.advice});
     }
 }

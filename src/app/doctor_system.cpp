@@ -17,25 +17,27 @@ struct KnownReader {
     const char* process;
     const char* name;
     const char* advice;
-    bool speaks;
+    bool braille_only;
 };
 
 constexpr const char* sleep_or_silence =
     "Let it be silent while you play. Before version 46, Insert and S switches its speech off and "
     "on. From version 46 on, Control, Alt, Shift and Q in the window of the game lets it sleep.";
 constexpr const char* silence = "Switch its speech off while you play.";
-constexpr const char* welcome = "It may go on: in braille you can read what the game says.";
+constexpr const char* welcome = "The game shows its lines on your braille display.";
+constexpr const char* library_missing =
+    "Install the package libbrlapi0.8, and the game shows its lines on your braille display.";
 
 constexpr std::array<KnownReader, 9> known_readers = {{
-    {"orca", "Orca", sleep_or_silence, true},
-    {"cthulhu", "Cthulhu", silence, true},
-    {"odilia", "Odilia", silence, true},
-    {"fenrir", "Fenrir", silence, true},
-    {"yasr", "Yasr", silence, true},
-    {"tdsr", "TDSR", silence, true},
-    {"espeakup", "Speakup", silence, true},
-    {"speakup", "Speakup", silence, true},  // the module of the kernel
-    {"brltty", "BRLTTY", welcome, false},
+    {"orca", "Orca", sleep_or_silence, false},
+    {"cthulhu", "Cthulhu", silence, false},
+    {"odilia", "Odilia", silence, false},
+    {"fenrir", "Fenrir", silence, false},
+    {"yasr", "Yasr", silence, false},
+    {"tdsr", "TDSR", silence, false},
+    {"espeakup", "Speakup", silence, false},
+    {"speakup", "Speakup", silence, false},  // the module of the kernel
+    {"brltty", "BRLTTY", welcome, true},
 }};
 
 std::string FirstLine(const fs::path& file) {
@@ -99,14 +101,15 @@ std::vector<std::pair<std::string, std::string>> SystemFacts() {
     return facts;
 }
 
-std::vector<ScreenReader> ScreenReaders(const std::string& proc) {
+std::vector<ScreenReader> ScreenReaders(const std::string& proc, bool braille) {
     const std::set<std::string> running = Running(proc);
     std::vector<ScreenReader> readers;
     for (const KnownReader& known : known_readers) {
         const bool told = !readers.empty() && readers.back().name == known.name;
-        if (running.contains(known.process) && !told) {
-            readers.push_back({known.name, known.advice, known.speaks});
-        }
+        if (told || !running.contains(known.process)) continue;
+        const bool lost = known.braille_only && !braille;
+        readers.push_back(
+            {known.name, lost ? library_missing : known.advice, lost || !known.braille_only});
     }
     return readers;
 }

@@ -14,11 +14,12 @@ std::vector<std::pair<std::string, std::string>> SystemFacts();
 /// A screen reader that is running, and what a player does about it.
 struct ScreenReader {
     std::string name;
-    std::string advice;   ///< whole sentences
-    bool speaks = false;  ///< so that it may talk at the same time as the game
+    std::string advice;          ///< whole sentences
+    bool asks_for_care = false;  ///< whether the player should follow the advice
 };
 
 /// Those that run now, told from the processes and modules in `proc`, which is "/proc".
-std::vector<ScreenReader> ScreenReaders(const std::string& proc);
+/// `braille`: whether the game can show its lines on a display of BRLTTY's.
+std::vector<ScreenReader> ScreenReaders(const std::string& proc, bool braille);
 
 }  // namespace tamlo

@@ -7,6 +7,7 @@
 #include "app/machine.h"
 #include "app/sounds_folder.h"
 #include "game/form1.h"
+#include "platform/brltty/braille_display.h"
 #include "platform/desktop/sound_output.h"
 #include "platform/end_of_process.h"
 #include "platform/system/user_dirs.h"
@@ -44,7 +45,7 @@ int Run() {
                         .sound = {},
                         .voices = VoiceNames(),
                         .facts = SystemFacts(),
-                        .readers = ScreenReaders("/proc"),
+                        .readers = ScreenReaders("/proc", BrailleLibraryInstalled()),
                         .reports = StateFolder(),
                         .home = HomeFolder()};
     const auto check = [&](Form1& form) {

@@ -102,11 +102,14 @@ TEST(Doctor, KnowsScreenReadersByTheirProcesses) {
     proc.Write("77/comm", "orca\n");
     proc.Write("self/comm", "brltty\n");
     proc.Write("modules", "speakup_soft 16384 1 - Live 0x0\nspeakup 131072 2 - Live 0x0\n");
-    const auto readers = ScreenReaders(proc.Path());
+    const auto readers = ScreenReaders(proc.Path(), false);
     ASSERT_EQ(readers.size(), 2u);
     EXPECT_EQ(readers[0].name, "Orca");
     EXPECT_EQ(readers[1].name, "Speakup");
-    EXPECT_TRUE(ScreenReaders(proc.Path() + "/nowhere").empty());
+    proc.Write("78/comm", "brltty\n");
+    EXPECT_TRUE(ScreenReaders(proc.Path(), false).back().asks_for_care);
+    EXPECT_FALSE(ScreenReaders(proc.Path(), true).back().asks_for_care);
+    EXPECT_TRUE(ScreenReaders(proc.Path() + "/nowhere", true).empty());
 }
 
 }  // namespace

@@ -236,4 +236,8 @@ void BrailleDisplay::GiveBack() {
     mailbox_->changed.wait_for(lock, patience, [this] { return !mailbox_->entered; });
 }
 
+bool BrailleLibraryInstalled() {
+    return LoadBrlapi().has_value();
+}
+
 }  // namespace tamlo

@@ -8,6 +8,9 @@
 
 namespace tamlo {
 
+/// Whether BRLTTY's library is there to be used.
+bool BrailleLibraryInstalled();
+
 /// Shows lines in pieces of the display's width, and takes its keys for the game. All waiting is
 /// done by a thread of its own, which looks for BRLTTY again and again; without BRLTTY's library,
 /// or without BRLTTY, nothing happens.
