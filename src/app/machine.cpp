@@ -49,8 +49,16 @@ struct Machine {
 /// The voice, heard through the sound output for as long as it lives.
 class HeardVoice {
   public:
-    HeardVoice(SoundOutput& sound, std::function<void()> patience)
-        : sound_(sound), speech_({.patience = std::move(patience), .spoken = {}}) {
+    /// `explain` gets the reason if there is no voice, `unspoken` the texts that should have been
+    /// heard and could not be said.
+    HeardVoice(SoundOutput& sound, std::function<void()> patience, WriteLine explain,
+               WriteLine unspoken = {})
+        : sound_(sound),
+          explain_(std::move(explain)),
+          unspoken_(std::move(unspoken)),
+          speech_({.patience = std::move(patience),
+                   .unspoken = [this](std::string_view text) { Show(text); },
+                   .silent = [this] { ExplainSilence(); }}) {
         sound_.Attach(speech_.Stream());
     }
     HeardVoice(const HeardVoice&) = delete;
@@ -58,9 +66,23 @@ class HeardVoice {
     ~HeardVoice() { sound_.Detach(speech_.Stream()); }
 
     Speech& Service() { return speech_; }
+    /// Whether there are a voice and a card.
+    bool Audible() const { return sound_.Audible() && !silent_; }
 
   private:
+    void Show(std::string_view text) {
+        if (unspoken_ && Audible()) unspoken_(PrintableLine(text));
+    }
+    void ExplainSilence() {
+        silent_ = true;
+        explain_("Nothing is spoken: no voice could be made ready.");
+        explain_("The packages libespeak-ng1 and espeak-ng-data are needed.");
+    }
+
     SoundOutput& sound_;
+    WriteLine explain_;
+    WriteLine unspoken_;
+    bool silent_ = false;
     VoiceSpeech speech_;
 };
 
@@ -93,19 +115,20 @@ EndOfProcess RunGame(const Platform& platform, const Story& story) {
     return {};
 }
 
-/// Lines are printed only where no card makes them heard.
+/// Lines are printed only where no voice or no card makes them heard.
 Ending PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Story& story) {
     Machine machine;
     const auto pump = [&] { window.Pump(); };
     BrailleDisplay braille({.window = window.Number(), .press = DesktopWindow::Press});
     braille.SetFocus(false);
     window.OnFocus([&](bool focused) { braille.SetFocus(focused); });
-    HeardVoice voice(sound, pump);
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump);
+    const WriteLine print = [&](const std::string& line) { printer.Print(line); };
+    HeardVoice voice(sound, pump, print, print);
     Captioned heard(voice.Service(), sound, machine.clock, [&](const std::string& line) {
         window.ShowLine(line);
         braille.Show(line);
-        if (!sound.Audible()) printer.Print(line);
+        if (!voice.Audible()) printer.Print(line);
     });
     SystemDesktop desktop({.message_box =
                                [&](const std::string& text) {
@@ -136,8 +159,8 @@ Ending PlayInTerminal(SoundOutput& sound, const Story& story) {
     TerminalEvents events(keys, mode, signals);
     const auto pump = [&] { events.Pump(); };
     BrailleDisplay braille({.window = {}, .press = [&](int code) { keys.Press(code); }});
-    HeardVoice voice(sound, pump);
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump, CursorWanted());
+    HeardVoice voice(sound, pump, [&](const std::string& line) { printer.Print(line); });
     events.OnStop([&](bool stopped) {
         if (stopped) printer.LeaveLine();
         stopped ? braille.GiveBack() : braille.SetFocus(true);
@@ -172,10 +195,10 @@ Ending PlayFromPipe(SoundOutput& sound, const Story& story) {
     Activity activity(machine.clock);
     PipedEvents events(keys, activity, signals, machine.clock);
     const auto pump = [&] { events.Pump(); };
-    HeardVoice voice(sound, pump);
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::wait, pump);
-    Captioned heard(voice.Service(), sound, machine.clock,
-                    [&](const std::string& line) { printer.Print(line); });
+    const WriteLine print = [&](const std::string& line) { printer.Print(line); };
+    HeardVoice voice(sound, pump, print);
+    Captioned heard(voice.Service(), sound, machine.clock, print);
     SystemDesktop desktop(
         {.message_box = [&](const std::string& text) { ShowMessage(text, events, printer); },
          .beep = [&] { heard.Beep(); },

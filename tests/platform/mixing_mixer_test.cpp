@@ -225,7 +225,7 @@ TEST(Limiter, IsExactlyTransparentBelowItsThresholdAndSmoothAbove) {
 
 class Constant final : public Source {
   public:
-    void AddTo(float* stereo, int frames) noexcept override {
+    void AddTo(float* stereo, int frames, bool /*heard*/) noexcept override {
         for (int i = 0; i < 2 * frames; ++i) stereo[i] += level;
     }
     float level = 0.25F;

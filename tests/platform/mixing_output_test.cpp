@@ -1,5 +1,4 @@
-// Who pulls the stream: the card, the clock in its place, and the way back. In real time, with
-// bounds that a busy machine keeps.
+// Who pulls the stream: the card, the clock in its place, and the way back.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -18,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 
 class Constant final : public Source {
   public:
-    void AddTo(float* stereo, int frames) noexcept override {
+    void AddTo(float* stereo, int frames, bool /*heard*/) noexcept override {
         for (int i = 0; i < 2 * frames; ++i) stereo[i] += 0.25F;
     }
 };
@@ -71,29 +70,28 @@ TEST_F(OutputTest, ACardThatPullsNowAndThenIsNotBack) {
     EXPECT_EQ(tap_->InCharge(), Output::clock);
 }
 
-TEST_F(OutputTest, TheClockTakesOverFromASilentCardInRealTime) {
-    const ClockOutput clock(tap_);
-    ASSERT_TRUE(Eventually([&] { return tap_->InCharge() == Output::clock; }));
-    EXPECT_GE(tap_->CardSilence(), 500ms);
-    ASSERT_TRUE(Eventually([&] { return tap_->Frames() > 0; }));
-
-    const auto began = Clock::now();
+TEST_F(OutputTest, TheClockTakesOverFromASilentCardAndKeepsTime) {
+    const auto before = Clock::now();
+    PullAs(Output::card);
+    const auto after = Clock::now();
     const std::int64_t from = tap_->Frames();
-    std::this_thread::sleep_for(500ms);
-    const double seconds = std::chrono::duration<double>(Clock::now() - began).count();
-    const auto taken = static_cast<double>(tap_->Frames() - from);
-    // Never faster than real time but by a block; slower only if this process does not run.
-    EXPECT_LE(taken, (seconds + 0.25) * stream_rate);
-    EXPECT_GE(taken, (seconds - 0.25) * stream_rate);
-}
+    ClockPulls clock(tap_);
+    EXPECT_EQ(clock.Turn(before + 400ms), before + 525ms);
+    EXPECT_EQ(tap_->InCharge(), Output::card);
 
-TEST_F(OutputTest, TheClockKeepsTimeWithoutAddingUpErrors) {
-    tap_->PutClockInCharge();
-    const auto began = Clock::now();
-    const ClockOutput clock(tap_);
-    ASSERT_TRUE(Eventually([&] { return tap_->Frames() >= stream_rate; }));
-    EXPECT_GE(Clock::now() - began, 970ms);  // a block early at most
-    EXPECT_LE(Clock::now() - began, 5s);
+    // From now on it is told the time up to 20 ms late, but no lateness adds up.
+    const auto begin = after + 501ms;
+    auto due = begin;
+    for (int turn = 0; due < begin + 60s; ++turn) due = clock.Turn(due + 1ms * (turn * 7 % 21));
+    EXPECT_EQ(tap_->InCharge(), Output::clock);
+    EXPECT_NEAR(static_cast<double>(tap_->Frames() - from), 60 * stream_rate, stream_rate / 20);
+
+    // A delay is caught up with, an absence is not.
+    const std::int64_t at_delay = tap_->Frames();
+    due = clock.Turn(due + 200ms);
+    EXPECT_EQ(tap_->Frames() - at_delay, stream_rate * 225 / 1000);
+    clock.Turn(due + 2s);
+    EXPECT_EQ(tap_->Frames() - at_delay, stream_rate * 250 / 1000);
 }
 
 TEST_F(OutputTest, TheClockEndsAtOnceWhereverItIs) {

@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/voice/voice_speech.h"
@@ -173,11 +177,64 @@ TEST_F(Espeak, TwoHundredPurgesLoseNothing) {
     }
 }
 
-TEST(EspeakLibrary, ServesOneAtATime) {
+TEST(EspeakLibrary, ServesSeveralWhoDoNotKnowOfEachOther) {
     VoiceSpeech first;
-    EXPECT_GT(first.CreateEngine()->GetVoicesCount(), 0);
     VoiceSpeech second;
-    EXPECT_EQ(second.CreateEngine()->GetVoicesCount(), 0);
+    Listener to_first(first);
+    Listener to_second(second);
+    const auto high = first.CreateEngine();
+    const auto quick = second.CreateEngine();
+    ASSERT_EQ(high->GetVoicesCount(), 10);
+    ASSERT_EQ(quick->GetVoicesCount(), 10);
+    high->SetVoice(2);
+    quick->SetRate(10);
+    high->Speak("We all know our own way home.", SpeakFlags::queue);
+    quick->Speak("We all know our own way home.", SpeakFlags::queue);
+    to_second.HearOut();
+    to_first.HearOut();
+    EXPECT_GT(Seconds(to_first.heard), 2 * Seconds(to_second.heard));
+    EXPECT_GT(Pitch(to_first.heard), 1.2 * Pitch(to_second.heard));
+}
+
+/// Speaks, but for "hang", with which it stays inside the library until it is let go.
+class HangingEspeak : public Synthesizer {
+  public:
+    explicit HangingEspeak(const std::atomic<bool>& let_go) : let_go_(let_go) {}
+    int Open() override { return espeak_->Open(); }
+    int Rate() const override { return espeak_->Rate(); }
+    void Synthesize(const Utterance& utterance, const Sink& sink) override {
+        espeak_->Synthesize(utterance, [&](std::span<const std::int16_t> samples) {
+            while (utterance.text == "hang" && !let_go_) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            }
+            return sink(samples);
+        });
+    }
+
+  private:
+    const std::atomic<bool>& let_go_;
+    std::unique_ptr<Synthesizer> espeak_ = MakeEspeak();
+};
+
+TEST(EspeakLibrary, AnotherCopySpeaksWhileOneHangs) {
+    static std::atomic<bool> let_go{false};  // The thread outlives this test by a moment.
+    int made = 0;
+    const auto make = [&] {
+        ++made;
+        return std::make_unique<HangingEspeak>(let_go);
+    };
+    VoiceSpeech voice({}, make, std::chrono::milliseconds(500));
+    const auto engine = voice.CreateEngine();
+    Listener listener(voice);
+    ASSERT_EQ(engine->GetVoicesCount(), 10);
+    engine->SetVoice(2);
+    engine->Speak("hang", SpeakFlags::queue);
+    engine->Speak("We all know our own way home.", SpeakFlags::queue);
+    listener.HearOut();
+    EXPECT_EQ(made, 2);
+    EXPECT_GT(Seconds(listener.heard), 1);
+    EXPECT_GT(Pitch(listener.heard), 160) << "the same voice";
+    let_go = true;
 }
 
 TEST(EspeakLibraryDeathTest, WithoutItsDataThereAreNoVoices) {

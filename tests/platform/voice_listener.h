@@ -23,18 +23,18 @@ class Listener {
     explicit Listener(VoiceSpeech& voice) : voice_(voice) {}
 
     /// Pulls one block, once its samples are there or will not come.
-    void PullBlock() {
+    void PullBlock(bool for_card = true) {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
         while (engine_view_->SecondsLeft() < 0.006 && voice_.SamplesComing()) {
             ASSERT_LT(std::chrono::steady_clock::now(), deadline) << "no samples come";
             std::this_thread::yield();
         }
-        PullNow(block);
+        PullNow(block, for_card);
     }
 
-    void PullNow(int frames) {
+    void PullNow(int frames, bool for_card = true) {
         std::vector<float> stereo(2 * static_cast<std::size_t>(frames));
-        voice_.Stream().AddTo(stereo.data(), frames);
+        voice_.Stream().AddTo(stereo.data(), frames, for_card);
         for (std::size_t i = 0; i < stereo.size(); i += 2) heard.push_back(stereo[i]);
     }
 

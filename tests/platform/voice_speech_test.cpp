@@ -33,9 +33,10 @@ class FakeSynthesizer : public Synthesizer {
         std::vector<Utterance> utterances;
         std::atomic<bool> let_go{false};
         std::atomic<int> begun{0};
+        std::atomic<int> alive{0};
     };
-    explicit FakeSynthesizer(Log& log, int voices = 3) : log_(log), voices_(voices) {}
-    ~FakeSynthesizer() override = default;
+    FakeSynthesizer(Log& log, int voices) : log_(log), voices_(voices) { ++log_.alive; }
+    ~FakeSynthesizer() override { --log_.alive; }
     int Open() override { return voices_; }
     int Rate() const override { return stream_rate; }
     void Synthesize(const Utterance& utterance, const Sink& sink) override {
@@ -57,9 +58,13 @@ class FakeSynthesizer : public Synthesizer {
     int voices_;
 };
 
+SynthesizerMaker Making(FakeSynthesizer::Log& log, int voices = 3) {
+    return [&log, voices] { return std::make_unique<FakeSynthesizer>(log, voices); };
+}
+
 struct FakeVoice {
     FakeSynthesizer::Log log;
-    VoiceSpeech voice{{}, std::make_unique<FakeSynthesizer>(log)};
+    VoiceSpeech voice{{}, Making(log)};
     std::unique_ptr<SpeechEngine> engine = voice.CreateEngine();
     Listener listener{voice};
 };
@@ -154,6 +159,55 @@ TEST(VoiceSpeech, APurgeSilencesWithinItsTailAndTheNextTextStartsAtOnce) {
     }
 }
 
+/// A voice whose card goes and comes: what is pulled meanwhile is lost.
+struct LosingVoice : FakeVoice {
+    void Pull(double seconds, bool heard) {
+        for (; seconds > 0; seconds -= 0.005) listener.PullBlock(heard);
+    }
+    /// The lengths in milliseconds of what is heard from now on.
+    std::vector<int> HearAgain() {
+        listener.heard.clear();
+        listener.PullBlock();
+        listener.HearOut();
+        Pull(1, true);  // until it is heard for certain
+        std::vector<int> lengths;
+        for (auto [first, last] : Sounds(listener.heard)) {
+            const auto centiseconds = static_cast<int>((last - first + 240) / 480);
+            if (centiseconds > 0) lengths.push_back(10 * centiseconds);  // no tail of a purge
+        }
+        return lengths;
+    }
+};
+
+TEST(VoiceSpeech, WhatWentUnheardIsSaidAgain) {
+    using testing::ElementsAre;
+    LosingVoice fake;
+    const auto speak = [&](const char* text) { fake.engine->Speak(text, SpeakFlags::queue); };
+    for (const char* text : {"400", "1000", "300"}) speak(text);
+    fake.Pull(1, true);
+    fake.Pull(0.1, false);  // in the middle of the second
+    EXPECT_THAT(fake.HearAgain(), ElementsAre(1000, 300));
+    EXPECT_THAT(fake.HearAgain(), ElementsAre()) << "once only";
+
+    speak("500");
+    fake.Pull(2, false);
+    EXPECT_EQ(fake.engine->Status(), RunningState::done) << "the game has gone on";
+    speak("100");
+    fake.Pull(0.05, false);
+    EXPECT_THAT(fake.HearAgain(), ElementsAre(500, 100));
+
+    speak("600");
+    fake.Pull(0.1, false);
+    fake.engine->Speak("", SpeakFlags::purge);
+    EXPECT_THAT(fake.HearAgain(), ElementsAre()) << "a key has answered it";
+
+    for (int i = 0; i < 12; ++i) speak(i < 4 ? "50" : "70");
+    fake.Pull(5, false);
+    speak("90");
+    EXPECT_THAT(fake.HearAgain(), ElementsAre(70, 70, 70, 70, 70, 70, 70, 90))
+        << "the last of many";
+}
+
 TEST(VoiceSpeech, ALongTextIsMadeOnlyAsItIsHeard) {
     FakeVoice fake;
     fake.engine->Speak("30000", SpeakFlags::queue);
@@ -173,7 +227,7 @@ TEST(VoiceSpeech, PullingAllocatesAndFreesNothing) {
         if (i % 120 == 0) fake.engine->Speak("", SpeakFlags::purge);
         if (i % 30 == 0) fake.engine->SetVolume(i % 100);
         const long before = AllocationsOfThisThread();
-        fake.voice.Stream().AddTo(stereo.data(), block);
+        fake.voice.Stream().AddTo(stereo.data(), block, true);
         ASSERT_EQ(AllocationsOfThisThread(), before);
     }
 }
@@ -181,14 +235,13 @@ TEST(VoiceSpeech, PullingAllocatesAndFreesNothing) {
 TEST(VoiceSpeech, WaitingIsPatientAndReturnsWithTheLastSample) {
     int turns = 0;
     FakeSynthesizer::Log log;
-    VoiceSpeech voice({.patience = [&] { ++turns; }, .spoken = {}},
-                      std::make_unique<FakeSynthesizer>(log));
+    VoiceSpeech voice({.patience = [&] { ++turns; }}, Making(log));
     auto engine = voice.CreateEngine();
     std::atomic<bool> end{false};
     std::thread card([&] {
         std::vector<float> stereo(96);
         while (!end) {
-            voice.Stream().AddTo(stereo.data(), 48);
+            voice.Stream().AddTo(stereo.data(), 48, true);
             std::this_thread::sleep_for(1ms);
         }
     });
@@ -205,12 +258,14 @@ TEST(VoiceSpeech, WaitingIsPatientAndReturnsWithTheLastSample) {
 
 TEST(VoiceSpeech, TheEndOfTheProcessDuringAWaitDropsTheSpeech) {
     FakeSynthesizer::Log log;
-    VoiceSpeech voice({.patience =
-                           [] {
-                               throw EndOfProcess{3, ""};
-                           },
-                       .spoken = {}},
-                      std::make_unique<FakeSynthesizer>(log));
+    VoiceSpeech voice(
+        {
+            .patience =
+                [] {
+                    throw EndOfProcess{3, ""};
+                },
+        },
+        Making(log));
     auto engine = voice.CreateEngine();
     engine->Speak("1000", SpeakFlags::queue);
     EXPECT_THROW(engine->Speak("1000", SpeakFlags::wait), EndOfProcess);
@@ -221,7 +276,7 @@ TEST(VoiceSpeech, EveryTextIsShownAsItIsGiven) {
     std::vector<std::string> shown;
     FakeSynthesizer::Log log;
     VoiceSpeech voice({.patience = {}, .spoken = [&](auto text) { shown.emplace_back(text); }},
-                      std::make_unique<FakeSynthesizer>(log, 0));
+                      Making(log, 0));
     auto engine = voice.CreateEngine();
     engine->Speak(" cost $5.. ", SpeakFlags::queue);
     engine->Speak("", SpeakFlags::purge);
@@ -240,36 +295,68 @@ TEST(VoiceSpeech, AReplacedEngineTakesItsSpeechAlong) {
     EXPECT_EQ(fake.engine->Status(), RunningState::speaking);
 }
 
-TEST(VoiceSpeech, ASynthesizerThatHangsCountsAsHavingSpoken) {
-    FakeVoice fake;
-    for (const bool purged : {false, true}) {
-        fake.log.let_go = false;
-        int begun = fake.log.begun;
+TEST(VoiceSpeech, ASynthesizerThatHangsIsReplacedThreeTimes) {
+    constexpr auto patience = 300ms;
+    FakeSynthesizer::Log log;
+    std::vector<std::string> unspoken;
+    VoiceSpeech voice({.unspoken = [&](auto text) { unspoken.emplace_back(text); }}, Making(log),
+                      patience);
+    auto engine = voice.CreateEngine();
+    Listener listener(voice);
+    for (const bool purged : {false, true, false}) {
+        const int begun = log.begun;
         const auto start = steady_clock::now();
-        fake.engine->Speak("hang", SpeakFlags::queue);
-        while (fake.log.begun == begun) std::this_thread::yield();
-        if (purged) fake.engine->Speak("", SpeakFlags::purge);
-        fake.engine->Speak("10", SpeakFlags::wait);
-        EXPECT_GE(steady_clock::now() - start, 1900ms);
-        EXPECT_LT(steady_clock::now() - start, 20s);
-        // While it hangs nothing is waited for; when it answers again, it speaks again.
-        fake.engine->Speak("10", SpeakFlags::queue);
-        EXPECT_EQ(fake.engine->Status(), RunningState::done);
-        fake.log.let_go = true;
-        const auto deadline = steady_clock::now() + 20s;
-        do {
-            ASSERT_LT(steady_clock::now(), deadline);
-            fake.engine->Speak("10", SpeakFlags::queue);
-            std::this_thread::sleep_for(1ms);
-        } while (fake.engine->Status() == RunningState::done);
-        fake.listener.HearOut();
-        EXPECT_GT(Energy(fake.listener.heard), 0);
+        engine->Speak("hang", SpeakFlags::queue);
+        while (log.begun == begun) std::this_thread::yield();
+        if (purged) engine->Speak("", SpeakFlags::purge);
+        engine->Speak("10", SpeakFlags::queue);
+        engine->Speak("20", SpeakFlags::queue);
+        listener.heard.clear();
+        listener.HearOut();
+        EXPECT_GE(steady_clock::now() - start, patience);
+        EXPECT_EQ(Sounds(listener.heard).size(), 2u);
     }
+    // A text that nobody wanted any more is not missed.
+    EXPECT_THAT(unspoken, testing::ElementsAre("hang", "hang"));
+
+    // The last one keeps its place: nothing is waited for while it hangs, and when it answers, it
+    // speaks.
+    engine->Speak("hang", SpeakFlags::wait);
+    engine->Speak("10", SpeakFlags::wait);
+    EXPECT_THAT(unspoken, testing::ElementsAre("hang", "hang", "hang", "10"));
+    log.let_go = true;
+    const auto deadline = steady_clock::now() + 20s;
+    do {
+        ASSERT_LT(steady_clock::now(), deadline);
+        engine->Speak("10", SpeakFlags::queue);
+        std::this_thread::sleep_for(1ms);
+    } while (engine->Status() == RunningState::done);
+    listener.heard.clear();
+    listener.HearOut();
+    EXPECT_GT(Energy(listener.heard), 0);
+    // Those left behind have gone by themselves.
+    while (log.alive > 1 && steady_clock::now() < deadline) std::this_thread::sleep_for(1ms);
+    EXPECT_EQ(log.alive, 1);
+}
+
+TEST(VoiceSpeech, WithoutVoicesTextsTakeTheirTimeInSilenceIfSomebodyIsTold) {
+    FakeSynthesizer::Log log;
+    int told = 0;
+    VoiceSpeech voice({.silent = [&] { ++told; }}, Making(log, 0));
+    auto engine = voice.CreateEngine();
+    Listener listener(voice);
+    EXPECT_EQ(engine->GetVoicesCount(), 1);
+    EXPECT_EQ(engine->GetVoicesCount(), 1);
+    EXPECT_EQ(told, 1);
+    engine->Speak("thirty characters, two seconds", SpeakFlags::queue);
+    listener.HearOut();
+    EXPECT_NEAR(Seconds(listener.heard), 2, 0.01);
+    EXPECT_EQ(Energy(listener.heard), 0);
 }
 
 TEST(VoiceSpeech, WithoutVoicesTextsCountAsSpoken) {
     FakeSynthesizer::Log log;
-    VoiceSpeech voice({}, std::make_unique<FakeSynthesizer>(log, 0));
+    VoiceSpeech voice({}, Making(log, 0));
     auto engine = voice.CreateEngine();
     engine->Speak("100", SpeakFlags::wait);
     EXPECT_EQ(engine->GetVoicesCount(), 0);

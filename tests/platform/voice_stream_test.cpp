@@ -14,7 +14,7 @@ namespace {
 /// The left channel of what the stream adds to `frames` frames of silence.
 std::vector<float> Pull(SpeechStream& stream, int frames) {
     std::vector<float> stereo(2 * static_cast<std::size_t>(frames));
-    stream.AddTo(stereo.data(), frames);
+    stream.AddTo(stereo.data(), frames, true);
     std::vector<float> left;
     for (std::size_t i = 0; i < stereo.size(); i += 2) {
         EXPECT_EQ(stereo[i], stereo[i + 1]);
@@ -54,7 +54,7 @@ TEST(SpeechStream, AddsToWhatIsThereAndOnlyWhatWasCommitted) {
     Write(stream, 2, 0.5f);
     EXPECT_EQ(stream.Left(), 2);
     float stereo[6] = {1, -1, 1, -1, 1, -1};
-    stream.AddTo(stereo, 3);
+    stream.AddTo(stereo, 3, true);
     EXPECT_THAT(stereo, testing::ElementsAre(1.5f, -0.5f, 1.5f, -0.5f, 1.0f, -1.0f));
     EXPECT_EQ(stream.Left(), 0);
 }

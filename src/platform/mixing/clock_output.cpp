@@ -18,8 +18,25 @@ constexpr auto most_to_catch_up = 250ms;
 
 }  // namespace
 
+// Each block's time is counted from the first, so that no error adds up.
+ClockPulls::Time ClockPulls::Turn(Time now) {
+    if (tap_->InCharge() == Output::card && tap_->CardSilence(now) > patience_with_card) {
+        tap_->PutClockInCharge();
+    }
+    if (tap_->InCharge() == Output::card) {
+        next_block_.reset();
+        return now + watch_interval;
+    }
+    if (!next_block_ || now - *next_block_ > most_to_catch_up) next_block_ = now;
+    std::array<float, 2 * block_frames> unheard;
+    for (; *next_block_ <= now; *next_block_ += block_time) {
+        tap_->Pull(Output::clock, unheard.data(), block_frames);
+    }
+    return *next_block_;
+}
+
 ClockOutput::ClockOutput(std::shared_ptr<Tap> tap)
-    : tap_(std::move(tap)), thread_([this] { Run(); }) {}
+    : pulls_(std::move(tap)), thread_([this] { Run(); }) {}
 
 ClockOutput::~ClockOutput() {
     {
@@ -31,27 +48,12 @@ ClockOutput::~ClockOutput() {
 }
 
 void ClockOutput::Run() {
-    do {
-        if (tap_->CardSilence() > patience_with_card) tap_->PutClockInCharge();
-        if (tap_->InCharge() == Output::clock) TakeStream();
-    } while (SleepUntil(std::chrono::steady_clock::now() + watch_interval));
-}
-
-// Until the card is back. Each block's time is counted from the first, so that no error adds up.
-void ClockOutput::TakeStream() {
-    std::array<float, 2 * block_frames> unheard;
-    Time next = std::chrono::steady_clock::now();
-    while (tap_->InCharge() == Output::clock) {
-        tap_->Pull(Output::clock, unheard.data(), block_frames);
-        next += block_time;
-        const Time now = std::chrono::steady_clock::now();
-        if (now - next > most_to_catch_up) next = now;
-        if (!SleepUntil(next)) return;
+    while (SleepUntil(pulls_.Turn(std::chrono::steady_clock::now()))) {
     }
 }
 
 /// False when the output is to end.
-bool ClockOutput::SleepUntil(Time time) {
+bool ClockOutput::SleepUntil(ClockPulls::Time time) {
     std::unique_lock lock(mutex_);
     return !wake_.wait_until(lock, time, [this] { return ending_; });
 }

@@ -1,17 +1,35 @@
 // An output for when there is no sound card: takes the stream in exact real time and drops it.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 #include "platform/mixing/tap.h"
 
 namespace tamlo {
 
-/// Stands by while the card pulls. When the card has been silent for half a second it takes over,
-/// so that every sound and every utterance comes to its end, heard or not.
+/// What the clock does at a moment; it looks at no clock itself. Stands by while the card pulls.
+/// When the card has been silent for half a second it takes over, so that every sound and every
+/// utterance comes to its end, heard or not.
+class ClockPulls {
+  public:
+    using Time = std::chrono::steady_clock::time_point;
+
+    explicit ClockPulls(std::shared_ptr<Tap> tap) : tap_(std::move(tap)) {}
+
+    /// Looks after the card, and takes the blocks that are due. When to come again.
+    Time Turn(Time now);
+
+  private:
+    std::shared_ptr<Tap> tap_;
+    std::optional<Time> next_block_;  ///< while in charge
+};
+
+/// The thread that takes the turns.
 class ClockOutput {
   public:
     explicit ClockOutput(std::shared_ptr<Tap> tap);
@@ -20,13 +38,10 @@ class ClockOutput {
     ClockOutput& operator=(const ClockOutput&) = delete;
 
   private:
-    using Time = std::chrono::steady_clock::time_point;
-
     void Run();
-    void TakeStream();
-    bool SleepUntil(Time time);
+    bool SleepUntil(ClockPulls::Time time);
 
-    std::shared_ptr<Tap> tap_;
+    ClockPulls pulls_;
     std::mutex mutex_;
     std::condition_variable wake_;
     bool ending_ = false;

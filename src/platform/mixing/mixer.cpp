@@ -80,14 +80,14 @@ void Mixer::Free(Command* list) {
     }
 }
 
-void Mixer::Mix(float* stereo, int frames) noexcept {
+void Mixer::Mix(float* stereo, int frames, bool heard) noexcept {
     Obey();
     // Attaching is rare; should it be under way, the sources miss this one block.
     const std::unique_lock lock(sources_mutex_, std::try_to_lock);
     while (frames > 0) {
         const int piece = std::min(frames, longest_piece);
         std::fill_n(stereo, 2 * piece, 0.0F);
-        if (lock) AddSources(stereo, piece);
+        if (lock) AddSources(stereo, piece, heard);
         MixPiece(stereo, piece);
         stereo += 2 * piece;
         frames -= piece;
@@ -197,10 +197,10 @@ void Mixer::MixSound(Track& sound, int frames) noexcept {
     sound.ended.store(sound.play_, std::memory_order_release);
 }
 
-void Mixer::AddSources(float* stereo, int frames) noexcept {
-    for (Source* source : sources_) source->AddTo(stereo, frames);
-    const bool heard = std::any_of(stereo, stereo + 2 * frames, [](float s) { return s != 0; });
-    quiet_.store(heard ? 0 : quiet_.load(std::memory_order_relaxed) + frames,
+void Mixer::AddSources(float* stereo, int frames, bool heard) noexcept {
+    for (Source* source : sources_) source->AddTo(stereo, frames, heard);
+    const bool sounding = std::any_of(stereo, stereo + 2 * frames, [](float s) { return s != 0; });
+    quiet_.store(sounding ? 0 : quiet_.load(std::memory_order_relaxed) + frames,
                  std::memory_order_relaxed);
 }
 

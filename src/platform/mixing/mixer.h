@@ -53,8 +53,8 @@ class Mixer {
     Mixer& operator=(const Mixer&) = delete;
 
     /// Writes the next `frames` frames to `stereo`. Allocates nothing, frees nothing, waits for
-    /// nothing.
-    void Mix(float* stereo, int frames) noexcept;
+    /// nothing. Sources are told whether the block is heard.
+    void Mix(float* stereo, int frames, bool heard = true) noexcept;
 
     /// The source is pulled with every block from now on, until Detach has returned.
     void Attach(Source& source);
@@ -103,7 +103,7 @@ class Mixer {
     void AddTail(const Playhead& head, int from) noexcept;
     void MixPiece(float* stereo, int frames) noexcept;
     void MixSound(Track& sound, int frames) noexcept;
-    void AddSources(float* stereo, int frames) noexcept;
+    void AddSources(float* stereo, int frames, bool heard) noexcept;
 
     Interpolator interpolate_;
     Handover<Command> commands_;

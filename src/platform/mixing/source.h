@@ -12,7 +12,8 @@ class Source {
     virtual ~Source() = default;
     /// Adds its next `frames` frames to `stereo` (2 * frames samples). Called on the audio
     /// thread: allocates and frees nothing, waits for nothing longer than some microseconds.
-    virtual void AddTo(float* stereo, int frames) noexcept = 0;
+    /// `heard` is false while the block goes nowhere, as without a sound card.
+    virtual void AddTo(float* stereo, int frames, bool heard) noexcept = 0;
 };
 
 }  // namespace tamlo

@@ -25,7 +25,8 @@ void Tap::Pull(Output output, float* stereo, int frames) noexcept {
         std::fill_n(stereo, 2 * frames, 0.0F);
         return;
     }
-    mixer_->Mix(stereo, frames);
+    const bool unheard = unheard_.exchange(false);
+    mixer_->Mix(stereo, frames, output == Output::card && !unheard);
     frames_.fetch_add(frames, std::memory_order_relaxed);
     quiet_.store(mixer_->FramesOfQuiet(), std::memory_order_relaxed);
 }
@@ -45,8 +46,9 @@ void Tap::Close() {
     mixer_ = nullptr;
 }
 
-std::chrono::milliseconds Tap::CardSilence() const {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(Now() - card_pulled_.load());
+std::chrono::milliseconds Tap::CardSilence(std::chrono::steady_clock::time_point now) const {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch() -
+                                                                 card_pulled_.load());
 }
 
 }  // namespace tamlo

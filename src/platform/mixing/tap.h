@@ -23,11 +23,15 @@ class Tap {
     void Close();
 
     /// For when the card is known to be gone. It takes over again by itself as soon as it pulls
-    /// steadily.
-    void PutClockInCharge() { in_charge_ = Output::clock; }
+    /// steadily. The sources are told that something went unheard, however soon that is.
+    void PutClockInCharge() {
+        unheard_ = true;
+        in_charge_ = Output::clock;
+    }
     Output InCharge() const { return in_charge_; }
-    /// Time since the card last pulled, in charge or not; since the start if it never has.
-    std::chrono::milliseconds CardSilence() const;
+    /// Time at that moment since the card last pulled, in charge or not; since the start if it
+    /// never has.
+    std::chrono::milliseconds CardSilence(std::chrono::steady_clock::time_point now) const;
     /// Frames taken from the mixer so far.
     std::int64_t Frames() const { return frames_; }
     /// See Mixer::FramesOfQuiet.
@@ -42,6 +46,7 @@ class Tap {
     Mixer* mixer_;
     std::mutex pulling_;  ///< the audio threads only try it
     std::atomic<Output> in_charge_{Output::card};
+    std::atomic<bool> unheard_{false};  ///< the sources have not been told yet
     std::atomic<Nanoseconds> card_pulled_;
     int steady_pulls_ = 0;  ///< by the card while the clock is in charge
     std::atomic<std::int64_t> frames_{0};

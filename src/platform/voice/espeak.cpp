@@ -1,12 +1,10 @@
 // libespeak-ng as a Synthesizer: its voices, its rates, and its ways with single characters.
-#include <espeak-ng/speak_lib.h>
-
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 #include <filesystem>
 #include <vector>
 
+#include "platform/voice/espeak_library.h"
 #include "platform/voice/synthesizer.h"
 #include "platform/voice/voices.h"
 #include "platform/voice/wording.h"
@@ -14,23 +12,9 @@
 namespace tamlo {
 namespace {
 
-constexpr int chunk_milliseconds = 20;
-
-/// The library keeps its state in globals, so one object at a time may use it.
-std::atomic<bool> library_in_use{false};
-
-/// Readies the library the first time and returns its rate, 0 or less if it has no data. It is
-/// never ended: it hangs when it is readied again afterwards.
-int LibraryRate() {
-    // Without the option the library ends the process when its data is missing; with it, it
-    // returns 0 rather than the promised -1.
-    static const int rate = espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, chunk_milliseconds, nullptr,
-                                              espeakINITIALIZE_DONT_EXIT);
-    return rate;
-}
-
-/// Where the callback finds its sink, which the library has no better way to pass on.
-const Synthesizer::Sink* current_sink = nullptr;
+/// Where the callback finds its sink, which the library has no better way to pass on. It calls back
+/// on the thread that speaks.
+thread_local const Synthesizer::Sink* current_sink = nullptr;
 
 int TakeChunk(short* samples, int count, espeak_EVENT*) {
     constexpr int go_on = 0;
@@ -51,7 +35,6 @@ int WordsPerMinute(int rate) {
 
 class Espeak : public Synthesizer {
   public:
-    ~Espeak() override;
     int Open() override;
     int Rate() const override { return rate_; }
     void Synthesize(const Utterance& utterance, const Sink& sink) override;
@@ -59,25 +42,20 @@ class Espeak : public Synthesizer {
   private:
     bool Choose(const std::string& name);
 
-    bool owns_library_ = false;
+    HeldEspeak library_;
     int rate_ = 22050;
     std::vector<std::string> voices_;
     std::string chosen_;
 };
 
-Espeak::~Espeak() {
-    if (owns_library_) library_in_use = false;
-}
-
 int Espeak::Open() {
-    if (library_in_use.exchange(true)) return 0;
-    owns_library_ = true;
-    rate_ = LibraryRate();
-    if (rate_ <= 0) return 0;
-    espeak_SetSynthCallback(TakeChunk);
+    library_ = TakeEspeakLibrary();
+    if (!library_ || library_->rate <= 0) return 0;
+    rate_ = library_->rate;
+    library_->SetSynthCallback(TakeChunk);
 
     const char* data = nullptr;
-    espeak_Info(&data);
+    library_->Info(&data);
     const std::filesystem::path variants = std::filesystem::path(data ? data : "") / "voices/!v";
     for (const VoiceEntry& voice : voice_table) {
         // The library accepts variants that do not exist.
@@ -94,25 +72,25 @@ int Espeak::Open() {
 bool Espeak::Choose(const std::string& name) {
     if (name == chosen_) return true;
     chosen_.clear();
-    if (espeak_SetVoiceByName(name.c_str()) != EE_OK) return false;
+    if (library_->SetVoiceByName(name.c_str()) != EE_OK) return false;
     chosen_ = name;
     // A voice change leaves these to the voice, and its pauses are other ones until they are set.
-    espeak_SetParameter(espeakVOLUME, 100, 0);
-    espeak_SetParameter(espeakPITCH, 50, 0);
-    espeak_SetParameter(espeakRANGE, 50, 0);
+    library_->SetParameter(espeakVOLUME, 100, 0);
+    library_->SetParameter(espeakPITCH, 50, 0);
+    library_->SetParameter(espeakRANGE, 50, 0);
     return true;
 }
 
 void Espeak::Synthesize(const Utterance& utterance, const Sink& sink) {
     if (!Choose(voices_.at(static_cast<std::size_t>(utterance.voice)))) return;
-    espeak_SetParameter(espeakRATE, WordsPerMinute(utterance.rate), 0);
+    library_->SetParameter(espeakRATE, WordsPerMinute(utterance.rate), 0);
     current_sink = &sink;
     // As a text, half of the punctuation marks would be silent.
     if (char32_t character = SingleCharacter(utterance.text); character != 0) {
-        espeak_Char(static_cast<wchar_t>(character));
+        library_->Char(static_cast<wchar_t>(character));
     } else {
-        espeak_Synth(utterance.text.c_str(), utterance.text.size() + 1, 0, POS_CHARACTER, 0,
-                     espeakCHARS_UTF8, nullptr, nullptr);
+        library_->Synth(utterance.text.c_str(), utterance.text.size() + 1, 0, POS_CHARACTER, 0,
+                        espeakCHARS_UTF8, nullptr, nullptr);
     }
     current_sink = nullptr;
 }

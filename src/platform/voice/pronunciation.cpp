@@ -1,7 +1,6 @@
 #include "platform/voice/pronunciation.h"
 
-#include <espeak-ng/speak_lib.h>
-
+#include "platform/voice/espeak_library.h"
 #include "platform/voice/voices.h"
 
 namespace tamlo {
@@ -15,21 +14,27 @@ void Remove(std::string& text, const std::string& part) {
     }
 }
 
+/// Null if there is no voice.
+const EspeakLibrary* Library() {
+    static const HeldEspeak library = TakeEspeakLibrary();
+    static const bool ready =
+        library && library->rate > 0 && library->SetVoiceByName(voice_table[0].name) == EE_OK;
+    return ready ? library.get() : nullptr;
+}
+
 }  // namespace
 
 bool CanPronounce() {
-    static const bool ready =
-        espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, 0, nullptr, espeakINITIALIZE_DONT_EXIT) > 0 &&
-        espeak_SetVoiceByName(voice_table[0].name) == EE_OK;
-    return ready;
+    return Library() != nullptr;
 }
 
 std::string Pronunciation(const std::string& text) {
-    if (!CanPronounce()) return "";
+    const EspeakLibrary* const library = Library();
+    if (library == nullptr) return "";
     std::string phonemes;
     const void* rest = text.c_str();
     while (rest != nullptr) {  // one clause after the other
-        const char* clause = espeak_TextToPhonemes(&rest, espeakCHARS_UTF8, as_ipa);
+        const char* clause = library->TextToPhonemes(&rest, espeakCHARS_UTF8, as_ipa);
         if (clause != nullptr) phonemes += clause;
     }
     for (const char* silent : {"\u02C8", "\u02CC", "\u02D0", " ", "\n", "_"}) {

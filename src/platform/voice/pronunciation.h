@@ -6,8 +6,7 @@
 namespace tamlo {
 
 /// The phonemes of a UTF-8 text without stress and pauses: the same for texts that sound the same.
-/// Empty for a silent text, and for every text when there is no voice (see `CanPronounce`). Not in
-/// a process that speaks: the engine's state is shared.
+/// Empty for a silent text, and for every text when there is no voice (see `CanPronounce`).
 std::string Pronunciation(const std::string& text);
 
 bool CanPronounce();

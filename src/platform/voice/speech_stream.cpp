@@ -8,6 +8,10 @@ namespace {
 /// A change of volume from one end of the range to the other takes 10 ms.
 constexpr float gain_step = 100.0f / static_cast<float>(stream_rate);
 
+/// What a card took just before it went may never have been heard: servers hold some of it, and the
+/// going is noticed late.
+constexpr int doubtful = stream_rate / 4;
+
 std::size_t Slot(std::uint64_t position) {
     return static_cast<std::size_t>(position % SpeechStream::capacity);
 }
@@ -55,14 +59,15 @@ int SpeechStream::Left() const noexcept {
     return written > gone ? static_cast<int>(written - gone) : 0;
 }
 
-void SpeechStream::AddTo(float* stereo, int frames) noexcept {
+void SpeechStream::AddTo(float* stereo, int frames, bool heard) noexcept {
     std::uint64_t taken = taken_.load(std::memory_order_relaxed);
+    NoteWhetherHeard(heard, frames);
     std::uint64_t dropped = dropped_.load(std::memory_order_acquire);
     if (taken < dropped) taken = KeepTail(taken, dropped);
     if (tail_left_ > 0) AddTail(stereo, frames);
 
     std::uint64_t written = written_.load(std::memory_order_acquire);
-    int count = static_cast<int>(std::min<std::uint64_t>(written - taken, frames));
+    int count = returned_ ? 0 : static_cast<int>(std::min<std::uint64_t>(written - taken, frames));
     if (idle_) gain_ = gain_target_.load(std::memory_order_relaxed);
     if (count > 0) AddSamples(stereo, count, taken);
     taken += static_cast<std::uint64_t>(count);
@@ -73,6 +78,24 @@ void SpeechStream::AddTo(float* stereo, int frames) noexcept {
     int ring_at = ring_at_.load();
     bool low = written - taken <= static_cast<std::uint64_t>(std::max(ring_at, 0));
     if (ring_at >= 0 && low && ring_at_.exchange(-1) >= 0) woken.Ring();
+}
+
+void SpeechStream::NoteWhetherHeard(bool heard, int frames) noexcept {
+    if (heard && unheard_) {
+        returned_ = true;
+        woken.Ring();
+    }
+    unheard_ = !heard;
+    if (unheard_ || returned_) {
+        mark_ = heard_up_to_;
+        since_mark_ = 0;
+        return;
+    }
+    since_mark_ += frames;
+    if (since_mark_ < doubtful) return;
+    heard_up_to_ = mark_;
+    mark_ = taken_;
+    since_mark_ = 0;
 }
 
 std::uint64_t SpeechStream::KeepTail(std::uint64_t from, std::uint64_t to) noexcept {

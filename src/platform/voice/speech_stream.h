@@ -47,17 +47,31 @@ class SpeechStream : public Source {
     void Drop() noexcept;
     /// 0 to 1, reached in a few milliseconds.
     void SetGain(float gain) noexcept { gain_target_.store(gain, std::memory_order_relaxed); }
+    float Gain() const noexcept { return gain_target_.load(std::memory_order_relaxed); }
     /// Committed samples that have neither been taken nor dropped.
     int Left() const noexcept;
 
+    // The position in the stream tells one text from another: the number of samples before it.
+
+    /// Behind the last committed sample.
+    std::uint64_t Written() const noexcept { return written_; }
+    /// All before this position has been heard for certain: it was taken for a card that has gone
+    /// on for a quarter of a second since. It stands while nobody hears what is taken.
+    std::uint64_t HeardUpTo() const noexcept { return heard_up_to_; }
+    /// Whether somebody hears the stream again. It stands still until the maker has taken the
+    /// return, for which `woken` rings.
+    bool Returned() const noexcept { return returned_; }
+    bool TakeReturn() noexcept { return returned_.exchange(false); }
+
     // The audio thread's side.
 
-    void AddTo(float* stereo, int frames) noexcept override;
+    void AddTo(float* stereo, int frames, bool heard) noexcept override;
 
     Wakeup woken;  ///< rung for the maker
     Wakeup ended;  ///< rung when the last sample has been taken
 
   private:
+    void NoteWhetherHeard(bool heard, int frames) noexcept;
     std::uint64_t KeepTail(std::uint64_t from, std::uint64_t to) noexcept;
     void AddTail(float* stereo, int frames) noexcept;
     void AddSamples(float* stereo, int frames, std::uint64_t from) noexcept;
@@ -69,9 +83,14 @@ class SpeechStream : public Source {
     std::atomic<std::uint64_t> taken_{0};
     std::atomic<int> ring_at_{-1};  ///< samples left at which the maker wants to be woken, or -1
     std::atomic<float> gain_target_{1.0f};
+    std::atomic<std::uint64_t> heard_up_to_{0};
+    std::atomic<bool> returned_{false};
     // The audio thread's own:
     float gain_ = 1.0f;
-    bool idle_ = true;  ///< nothing was left, so that the gain may jump
+    bool unheard_ = false;    ///< nobody hears what is taken
+    std::uint64_t mark_ = 0;  ///< position, the next for `heard_up_to_`
+    int since_mark_ = 0;      ///< frames
+    bool idle_ = true;        ///< nothing was left, so that the gain may jump
     std::array<float, tail_frames> tail_{};
     int tail_left_ = 0;  ///< the samples still to be heard are the last of `tail_`
 };

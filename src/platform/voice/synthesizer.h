@@ -30,7 +30,12 @@ class Synthesizer {
     virtual void Synthesize(const Utterance& utterance, const Sink& sink) = 0;
 };
 
-/// libespeak-ng. One at a time in a process: a second one has no voices.
+/// Makes one, as often as one is needed.
+using SynthesizerMaker = std::function<std::unique_ptr<Synthesizer>()>;
+
+/// libespeak-ng. Several at a time don't know of each other.
 std::unique_ptr<Synthesizer> MakeEspeak();
+/// Silence for as long as the text would take to be spoken. One voice.
+std::unique_ptr<Synthesizer> MakeSilence();
 
 }  // namespace tamlo

@@ -1,7 +1,10 @@
 #include "platform/voice/voice_speech.h"
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
+#include <string>
+#include <vector>
 
 #include "platform/voice/voice_worker.h"
 
@@ -14,14 +17,87 @@ constexpr double shortest_rest = 0.005;
 constexpr int slowest_rate = -10;
 /// Above the player's 10, for the echo of typed keys.
 constexpr int fastest_rate = 15;
+/// Each that hangs keeps its memory, and its processor if it goes round in circles.
+constexpr std::size_t most_threads = 4;
 
 }  // namespace
 
-struct VoiceSpeech::Shared {
-    SpeechHooks hooks;
-    VoiceThread worker;
-    const Engine* speaker = nullptr;  ///< who spoke last
+/// Whatever stream is the present worker's.
+class VoiceSpeech::PresentStream : public Source {
+  public:
+    void Follow(SpeechStream& stream) { stream_ = &stream; }
+    void AddTo(float* stereo, int frames, bool heard) noexcept override {
+        stream_.load()->AddTo(stereo, frames, heard);
+    }
+
+  private:
+    std::atomic<SpeechStream*> stream_{nullptr};
 };
+
+struct VoiceSpeech::Shared {
+    Shared(SpeechHooks the_hooks, SynthesizerMaker maker, std::chrono::milliseconds silence)
+        : hooks(std::move(the_hooks)), make(std::move(maker)), longest_silence(silence) {
+        threads.push_back(std::make_unique<VoiceThread>(make(), Onset::cut));
+        stream.Follow(threads.back()->Worker().stream);
+    }
+
+    /// The worker for whatever comes next.
+    VoiceWorker& Worker();
+    int Voices();
+    void Speak(Utterance utterance);
+
+    SpeechHooks hooks;
+    SynthesizerMaker make;
+    const std::chrono::milliseconds longest_silence;
+    /// The last one works. Those before were left behind, but whoever pulls may still be in one's
+    /// stream.
+    std::vector<std::unique_ptr<VoiceThread>> threads;
+    PresentStream stream;
+    const Engine* speaker = nullptr;  ///< who spoke last
+
+  private:
+    void Renew();
+    void Replace(std::unique_ptr<Synthesizer> synthesizer, Onset onset);
+
+    int voices_ = -1;  ///< once counted
+};
+
+VoiceWorker& VoiceSpeech::Shared::Worker() {
+    if (threads.back()->Worker().SilentFor(longest_silence)) Renew();
+    return threads.back()->Worker();
+}
+
+void VoiceSpeech::Shared::Renew() {
+    const VoiceWorker::Remains remains = threads.back()->Worker().GiveUp();
+    if (threads.size() < most_threads) Replace(make(), Onset::cut);
+    if (remains.in_work && hooks.unspoken) hooks.unspoken(*remains.in_work);
+    for (const Utterance& utterance : remains.waiting) Speak(utterance);
+}
+
+void VoiceSpeech::Shared::Replace(std::unique_ptr<Synthesizer> synthesizer, Onset onset) {
+    VoiceThread& old = *threads.back();
+    threads.push_back(std::make_unique<VoiceThread>(std::move(synthesizer), onset));
+    SpeechStream& fresh = threads.back()->Worker().stream;
+    fresh.SetGain(old.Worker().stream.Gain());
+    stream.Follow(fresh);
+    old.LeaveBehind();
+}
+
+int VoiceSpeech::Shared::Voices() {
+    if (voices_ >= 0) return voices_;
+    voices_ = threads.back()->Worker().Voices();
+    if (voices_ == 0 && hooks.silent) {
+        Replace(MakeSilence(), Onset::kept);
+        voices_ = 1;
+        hooks.silent();
+    }
+    return voices_;
+}
+
+void VoiceSpeech::Shared::Speak(Utterance utterance) {
+    const std::string text = utterance.text;
+    if (!Worker().Speak(std::move(utterance)) && hooks.unspoken) hooks.unspoken(text);
+}
 
 class VoiceSpeech::Engine : public SpeechEngine {
   public:
@@ -34,7 +110,7 @@ class VoiceSpeech::Engine : public SpeechEngine {
 
     void Speak(std::string_view text, SpeakFlags flags) override;
     RunningState Status() const override {
-        return shared_.worker->Speaking() ? RunningState::speaking : RunningState::done;
+        return shared_.Worker().Speaking() ? RunningState::speaking : RunningState::done;
     }
     double SecondsLeft() const override;
 
@@ -44,14 +120,14 @@ class VoiceSpeech::Engine : public SpeechEngine {
         ApplyVolume();
     }
 
-    int GetVoicesCount() const override { return shared_.worker->Voices(); }
+    int GetVoicesCount() const override { return shared_.Voices(); }
     void SetVoice(int index) override {
         if (index >= 0 && index < GetVoicesCount()) voice_ = index;
     }
 
   private:
-    void Purge() { shared_.worker->Drop(); }
-    void ApplyVolume() { shared_.worker->stream.SetGain(static_cast<float>(volume_) / 100.0f); }
+    void Purge() { shared_.Worker().Drop(); }
+    void ApplyVolume() { shared_.Worker().stream.SetGain(static_cast<float>(volume_) / 100.0f); }
     void Wait();
 
     Shared& shared_;
@@ -68,14 +144,14 @@ void VoiceSpeech::Engine::Speak(std::string_view text, SpeakFlags flags) {
     if (shared_.hooks.spoken) shared_.hooks.spoken(text);
     shared_.speaker = this;
     ApplyVolume();
-    shared_.worker->Speak({std::string(text), rate_, voice_});
+    shared_.Speak({std::string(text), rate_, voice_});
     if (flags == SpeakFlags::wait) Wait();
 }
 
 void VoiceSpeech::Engine::Wait() {
     try {
-        while (shared_.worker->Speaking()) {
-            shared_.worker->stream.ended.SleepFor(patience_interval);
+        while (shared_.Worker().Speaking()) {
+            shared_.Worker().stream.ended.SleepFor(patience_interval);
             if (shared_.hooks.patience) shared_.hooks.patience();
         }
     } catch (...) {
@@ -85,13 +161,15 @@ void VoiceSpeech::Engine::Wait() {
 }
 
 double VoiceSpeech::Engine::SecondsLeft() const {
-    bool coming = shared_.worker->SamplesComing();
-    double queued = static_cast<double>(shared_.worker->stream.Left()) / stream_rate;
+    VoiceWorker& worker = shared_.Worker();
+    bool coming = worker.SamplesComing();
+    double queued = static_cast<double>(worker.stream.Left()) / stream_rate;
     return coming ? std::max(queued, shortest_rest) : queued;
 }
 
-VoiceSpeech::VoiceSpeech(SpeechHooks hooks, std::unique_ptr<Synthesizer> synthesizer)
-    : shared_(new Shared{std::move(hooks), VoiceThread(std::move(synthesizer))}) {}
+VoiceSpeech::VoiceSpeech(SpeechHooks hooks, SynthesizerMaker make,
+                         std::chrono::milliseconds longest_silence)
+    : shared_(std::make_unique<Shared>(std::move(hooks), std::move(make), longest_silence)) {}
 
 VoiceSpeech::~VoiceSpeech() = default;
 
@@ -100,11 +178,11 @@ std::unique_ptr<SpeechEngine> VoiceSpeech::CreateEngine() {
 }
 
 Source& VoiceSpeech::Stream() {
-    return shared_->worker->stream;
+    return shared_->stream;
 }
 
 bool VoiceSpeech::SamplesComing() const {
-    return shared_->worker->SamplesComing();
+    return shared_->Worker().SamplesComing();
 }
 
 }  // namespace tamlo

@@ -1,6 +1,8 @@
 #include "platform/voice/voice_worker.h"
 
 #include <signal.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -16,8 +18,10 @@ using namespace std::chrono_literals;
 
 constexpr auto longest_opening = 3s;
 constexpr auto longest_stop = 1s;
-/// A text for which the synthesizer gives no sign of life for so long counts as spoken.
-constexpr auto longest_silence = 2s;
+/// Texts that nobody has heard are said again when somebody hears: the last, not all of a long
+/// time.
+constexpr std::size_t most_unheard = 8;
+constexpr int lowest_priority = 19;
 /// -50 dB of full scale: what is softer at the start of a text only delays it.
 constexpr float audible = 0.00316f;
 /// Between texts queued one behind the other, which would run together; none behind the last.
@@ -25,10 +29,11 @@ constexpr std::array<float, stream_rate * 130 / 1000> pause{};
 
 }  // namespace
 
-VoiceWorker::VoiceWorker(std::unique_ptr<Synthesizer> synthesizer)
+VoiceWorker::VoiceWorker(std::unique_ptr<Synthesizer> synthesizer, Onset onset)
     : started_(std::chrono::steady_clock::now()),
       progress_(started_),
-      synthesizer_(std::move(synthesizer)) {}
+      synthesizer_(std::move(synthesizer)),
+      onset_(onset) {}
 
 int VoiceWorker::Voices() {
     const auto end = started_ + longest_opening;
@@ -36,14 +41,24 @@ int VoiceWorker::Voices() {
     return std::max(voices_.load(), 0);
 }
 
-void VoiceWorker::Speak(Utterance utterance) {
-    GiveUpIfStuck();
+bool VoiceWorker::Speak(Utterance utterance) {
     {
         std::lock_guard lock(mutex_);
-        if (stuck_ || stop_ || voices_ == 0) return;
-        jobs_.push_back({std::move(utterance), generation_});
+        if (given_up_ || stop_ || voices_ == 0) return false;
+        ForgetHeard();
+        texts_.push_back({std::move(utterance), {}});
     }
     stream.woken.Ring();
+    return true;
+}
+
+void VoiceWorker::ForgetHeard() {
+    const std::uint64_t heard = stream.HeardUpTo();
+    while (begun_ > 0 && texts_.front().end &&
+           (*texts_.front().end <= heard || begun_ > most_unheard)) {
+        texts_.pop_front();
+        --begun_;
+    }
 }
 
 void VoiceWorker::Drop() {
@@ -56,50 +71,74 @@ void VoiceWorker::Drop() {
 
 void VoiceWorker::DropLocked() {
     ++generation_;
-    jobs_.clear();
+    texts_.clear();
+    begun_ = 0;
     stream.Drop();
 }
 
+bool VoiceWorker::WantedLocked() const {
+    const bool to_say_again = stream.Returned() && begun_ > 0;
+    return begun_ < texts_.size() || at_work_on_ == generation_ || to_say_again;
+}
+
 bool VoiceWorker::SamplesComing() {
-    GiveUpIfStuck();
     std::lock_guard lock(mutex_);
-    return !jobs_.empty() || at_work_on_ == generation_;
+    return WantedLocked();
 }
 
-// The samples are looked at second: while a text turns into them it is one or the other.
+// The samples are looked at second: while a text turns into them it is one or the other. Both under
+// the lock: while texts are said again they are neither.
 bool VoiceWorker::Speaking() {
-    return SamplesComing() || stream.Left() > 0;
-}
-
-void VoiceWorker::GiveUpIfStuck() {
     std::lock_guard lock(mutex_);
-    bool working = voices_ < 0 || (at_work_on_ != 0 && !waiting_for_room_);
-    bool wanted = !jobs_.empty() || at_work_on_ == generation_;
-    if (!working || !wanted) return;
-    if (std::chrono::steady_clock::now() - progress_.load() < longest_silence) return;
-    DropLocked();
-    stuck_ = true;
+    return WantedLocked() || stream.Left() > 0;
 }
 
-bool VoiceWorker::Stop() {
+bool VoiceWorker::SilentFor(std::chrono::milliseconds time) {
+    std::lock_guard lock(mutex_);
+    const bool working = voices_ < 0 || (at_work_on_ != 0 && !waiting_for_room_);
+    return working && WantedLocked() && std::chrono::steady_clock::now() - progress_.load() >= time;
+}
+
+VoiceWorker::Remains VoiceWorker::GiveUp() {
+    std::lock_guard lock(mutex_);
+    Remains remains;
+    if (at_work_on_ == generation_) remains.in_work = texts_[begun_ - 1].utterance.text;
+    for (; begun_ < texts_.size(); ++begun_) {
+        remains.waiting.push_back(std::move(texts_[begun_].utterance));
+    }
+    DropLocked();
+    given_up_ = true;
+    return remains;
+}
+
+void VoiceWorker::BeginToStop() {
     {
         std::lock_guard lock(mutex_);
         DropLocked();
         stop_ = true;
     }
     stream.woken.Ring();
+}
+
+bool VoiceWorker::AwaitStop() {
     const auto end = std::chrono::steady_clock::now() + longest_stop;
     while (!finished_ && std::chrono::steady_clock::now() < end) ready_or_finished_.SleepFor(50ms);
     return finished_;
 }
 
+void VoiceWorker::Yield() {
+    // Of one thread, in this system.
+    if (thread_id_ != 0) setpriority(PRIO_PROCESS, static_cast<id_t>(thread_id_), lowest_priority);
+}
+
 void VoiceWorker::Run() {
+    thread_id_ = gettid();
     int voices = synthesizer_->Open();
     {
         std::lock_guard lock(mutex_);
         voices_ = voices;
-        stuck_ = false;
-        if (voices == 0) jobs_.clear();
+        given_up_ = false;
+        if (voices == 0) DropLocked();
         Progress();
     }
     ready_or_finished_.Ring();
@@ -107,8 +146,9 @@ void VoiceWorker::Run() {
         Synthesize(job);
         {
             std::lock_guard lock(mutex_);
+            if (at_work_on_ == generation_) texts_[begun_ - 1].end = stream.Written();
             at_work_on_ = 0;
-            stuck_ = false;
+            given_up_ = false;
         }
         stream.ended.Ring();
     }
@@ -121,13 +161,23 @@ bool VoiceWorker::TakeJob(Job& job) {
     for (;; stream.woken.Sleep()) {
         std::lock_guard lock(mutex_);
         if (stop_) return false;
-        if (jobs_.empty()) continue;
-        job = std::move(jobs_.front());
-        jobs_.pop_front();
+        SayAgain();
+        if (begun_ == texts_.size()) continue;
+        job = {texts_[begun_++].utterance, generation_};
         at_work_on_ = job.generation;
         Progress();
         return true;
     }
+}
+
+// Whatever has gone unheard since the last purge belongs to where the game still is.
+void VoiceWorker::SayAgain() {
+    ForgetHeard();
+    if (!stream.TakeReturn() || begun_ == 0) return;
+    ++generation_;
+    stream.Drop();
+    begun_ = 0;
+    for (Text& text : texts_) text.end.reset();
 }
 
 void VoiceWorker::Synthesize(const Job& job) {
@@ -135,8 +185,11 @@ void VoiceWorker::Synthesize(const Job& job) {
     utterance.text = WithSpokenAmounts(CleanedForSpeech(utterance.text));
     if (utterance.text.find_first_not_of(" \n") == utterance.text.npos) return;
 
+    // A synthesizer made anew may find fewer.
+    if (utterance.voice >= voices_) utterance.voice = 0;
+
     Resampler resampler(synthesizer_->Rate());
-    onset_found_ = false;
+    onset_found_ = onset_ == Onset::kept;
     synthesizer_->Synthesize(utterance, [&](std::span<const std::int16_t> made) {
         Progress();
         samples_.clear();
@@ -185,6 +238,8 @@ bool VoiceWorker::WaitForRoom(std::uint64_t generation) {
         stream.woken.Sleep();
         Progress();
         waiting_for_room_ = false;
+        std::lock_guard lock(mutex_);
+        SayAgain();
     }
     return false;
 }
@@ -193,8 +248,8 @@ void VoiceWorker::Progress() {
     progress_ = std::chrono::steady_clock::now();
 }
 
-VoiceThread::VoiceThread(std::unique_ptr<Synthesizer> synthesizer)
-    : worker_(std::make_shared<VoiceWorker>(std::move(synthesizer))) {
+VoiceThread::VoiceThread(std::unique_ptr<Synthesizer> synthesizer, Onset onset)
+    : worker_(std::make_shared<VoiceWorker>(std::move(synthesizer), onset)) {
     // Signals are for the game's thread, which a signal is to wake.
     sigset_t all;
     sigset_t before;
@@ -210,11 +265,19 @@ VoiceThread::VoiceThread(std::unique_ptr<Synthesizer> synthesizer)
 
 VoiceThread::~VoiceThread() {
     if (!thread_.joinable()) return;
-    if (worker_->Stop()) {
+    worker_->BeginToStop();
+    if (worker_->AwaitStop()) {
         thread_.join();
     } else {
         thread_.detach();
     }
+}
+
+void VoiceThread::LeaveBehind() {
+    if (!thread_.joinable()) return;
+    worker_->BeginToStop();
+    worker_->Yield();
+    thread_.detach();
 }
 
 }  // namespace tamlo
