@@ -4,15 +4,17 @@
 
 #include <SDL.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
+#include <string>
 #include <thread>
-#include <vector>
 
 #include "platform/desktop/block_size.h"
+#include "platform/desktop/card_stream.h"
 #include "platform/desktop/realtime.h"
 #include "platform/desktop/sound_servers.h"
 
@@ -24,13 +26,15 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto longest_opening = 1500ms;  // that a start waits for
 constexpr auto watch_interval = 125ms;
-constexpr auto retry_interval = 5s;
+// Between trials to open a card, which become rarer.
+constexpr auto first_retry = 125ms;
+constexpr auto last_retry = 5s;
 // A card that has not asked for a block so many times the keeper looked (about 2 s) doesn't work:
 // another driver may. Counted rather than timed, so that a process that was halted doesn't mistake
 // its own absence for the card's.
 constexpr int longest_silence = 16;
-// The first moment of a stream counts for nothing: servers take it to find their pace.
-constexpr auto settling_time = 1s;
+// A stream that has asked for so many blocks has begun to sound.
+constexpr int enough_blocks = 4;
 
 }  // namespace
 
@@ -47,29 +51,24 @@ class SoundCard::Keeper {
   private:
     bool Open();
     bool OpenWith(const std::string& driver);
+    bool AwaitBlocks(const CardStream& stream, int count);
     void Close();
     void Watch();
+    void Resize(int frames);
     bool Sleep(std::chrono::milliseconds time);
-    void Note(bool opened, const std::string& driver);
-    static void OnBlock(void* keeper, Uint8* bytes, int count);
-    void Fill(float* stereo, int frames);
+    void Note(bool opened);
 
     std::shared_ptr<Tap> tap_;
     std::function<bool()> may_interrupt_;
+    std::atomic<int> late_{0};
 
     // The keeper's thread only.
-    SDL_AudioDeviceID device_ = 0;
-    std::optional<std::string>
-        failed_driver_;  ///< opened but never asked for a block: not the next choice
+    std::unique_ptr<CardStream> stream_;
+    /// Opened but never asked for a block: not the next choice.
+    std::optional<std::string> failed_driver_;
     int blocks_seen_ = 0;
     int silent_watches_ = 0;  ///< since the last block
     BlockSize size_;
-
-    // The audio thread counts, the keeper reads.
-    std::atomic<int> late_{0};
-    std::atomic<int> blocks_{0};  ///< since the opening
-    Clock::time_point last_block_;
-    Clock::time_point counted_from_;  ///< late blocks before are not counted
 
     std::mutex mutex_;
     std::condition_variable wake_;
@@ -82,15 +81,20 @@ class SoundCard::Keeper {
 };
 
 void SoundCard::Keeper::Run() {
+    std::chrono::milliseconds retry = first_retry;
+    std::chrono::milliseconds pause = watch_interval;
     do {
-        if (device_ == 0 && !Open()) {
+        if (stream_ != nullptr) Watch();
+        if (stream_ != nullptr || Open()) {
+            retry = first_retry;
+            pause = watch_interval;
+        } else {
             tap_->PutClockInCharge();
-            Note(false, "");
-            if (!Sleep(retry_interval)) break;
-            continue;
+            Note(false);
+            pause = retry;
+            retry = std::min<std::chrono::milliseconds>(retry * 3 / 2, last_retry);
         }
-        Watch();
-    } while (Sleep(watch_interval));
+    } while (Sleep(pause));
     Close();
     const std::lock_guard lock(mutex_);
     ended_ = true;
@@ -110,75 +114,73 @@ bool SoundCard::Keeper::Open() {
 // thread, is setting up.
 bool SoundCard::Keeper::OpenWith(const std::string& driver) {
     if (SDL_AudioInit(driver.empty() ? nullptr : driver.c_str()) != 0) return false;
-    SDL_AudioSpec wanted{};
-    wanted.freq = stream_rate;
-    wanted.format = AUDIO_F32SYS;
-    wanted.channels = 2;
-    wanted.samples = static_cast<Uint16>(size_.Frames());
-    wanted.callback = OnBlock;
-    wanted.userdata = this;
-    blocks_ = 0;
-    silent_watches_ = 0;
-    last_block_ = counted_from_ = Clock::now() + settling_time;
     // A PipeWire server without a sink, as it runs for screen sharing only, never finishes opening.
     const bool no_sink =
         SDL_GetCurrentAudioDriver() == std::string("pipewire") && SDL_GetNumAudioDevices(0) == 0;
-    device_ = no_sink ? 0 : SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
-    if (device_ == 0) {
+    if (!no_sink) stream_ = CardStream::Open(tap_, size_.Frames(), late_);
+    if (stream_ == nullptr) {
         SDL_AudioQuit();
         return false;
     }
-    size_.Opened(late_, counted_from_);
-    SDL_PauseAudioDevice(device_, 0);
-    const auto deadline = Clock::now() + longest_opening;
-    while (blocks_ == 0 && Clock::now() < deadline && Sleep(1ms)) {
-    }
-    Note(true, SDL_GetCurrentAudioDriver());
+    stream_->Connect(true);
+    size_.Opened(late_, stream_->CountedFrom());
+    silent_watches_ = 0;
+    AwaitBlocks(*stream_, 1);
+    Note(true);
     return true;
 }
 
+/// False if they have not come in the time that an opening may take.
+bool SoundCard::Keeper::AwaitBlocks(const CardStream& stream, int count) {
+    const auto deadline = Clock::now() + longest_opening;
+    while (stream.Blocks() < count && Clock::now() < deadline && Sleep(1ms)) {
+    }
+    return stream.Blocks() >= count;
+}
+
 void SoundCard::Keeper::Close() {
-    if (device_ == 0) return;
-    SDL_CloseAudioDevice(device_);
+    if (stream_ == nullptr) return;
+    stream_.reset();
     SDL_AudioQuit();
-    device_ = 0;
-    Note(false, "");
+    Note(false);
 }
 
 void SoundCard::Keeper::Watch() {
-    const int blocks = blocks_;
+    const int blocks = stream_->Blocks();
     silent_watches_ = blocks == blocks_seen_ ? silent_watches_ + 1 : 0;
     blocks_seen_ = blocks;
     const bool silent = silent_watches_ > longest_silence;
-    const bool gone = SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED;
-    if (silent || gone) {
+    if (silent || stream_->Gone()) {
         if (silent && blocks == 0) failed_driver_ = driver_;
+        // Now rather than when the clock notices: closing can take long.
+        tap_->PutClockInCharge();
         Close();
     } else if (const int wanted = size_.Wanted(late_, Clock::now());
                wanted != size_.Frames() && may_interrupt_()) {
-        size_.Change(wanted);
-        Close();
+        Resize(wanted);
     }
-    if (device_ == 0 && !Open()) tap_->PutClockInCharge();
 }
 
-void SoundCard::Keeper::OnBlock(void* keeper, Uint8* bytes, int count) {
-    constexpr int frame_bytes = 2 * sizeof(float);
-    static_cast<Keeper*>(keeper)->Fill(reinterpret_cast<float*>(bytes), count / frame_bytes);
-}
-
-// A server holds about one block more than the one it is asking for, so that a block asked for
-// two blocks' time after the last has most likely left a gap.
-void SoundCard::Keeper::Fill(float* stereo, int frames) {
-    if (blocks_ == 0) TakeRealTime();
-    const auto now = Clock::now();
-    const auto block_time = std::chrono::microseconds(1000000LL * frames / stream_rate);
-    const auto gap = now - last_block_;
-    if (last_block_ > counted_from_ && gap > 2 * block_time && gap < 1s) ++late_;
-    last_block_ = now;
-
-    tap_->Pull(Output::card, stereo, frames);
-    ++blocks_;
+// The next stream sounds before the last is closed, so that a key pressed meanwhile is answered
+// however long a busy machine takes. Only a card that serves one stream at a time pauses.
+void SoundCard::Keeper::Resize(int frames) {
+    std::unique_ptr<CardStream> next = CardStream::Open(tap_, frames, late_);
+    if (next == nullptr) {
+        tap_->PutClockInCharge();
+        Close();
+        size_.Change(frames);
+        return;
+    }
+    if (!AwaitBlocks(*next, enough_blocks)) {
+        size_.Opened(late_, Clock::now());
+        return;
+    }
+    stream_->Connect(false);
+    next->Connect(true);
+    stream_.swap(next);
+    size_.Change(frames);
+    size_.Opened(late_, stream_->CountedFrom());
+    Note(true);
 }
 
 /// False when the keeper is to end.
@@ -187,9 +189,9 @@ bool SoundCard::Keeper::Sleep(std::chrono::milliseconds time) {
     return !wake_.wait_for(lock, time, [this] { return ending_; });
 }
 
-void SoundCard::Keeper::Note(bool opened, const std::string& driver) {
+void SoundCard::Keeper::Note(bool opened) {
     const std::lock_guard lock(mutex_);
-    driver_ = driver;
+    driver_ = opened ? SDL_GetCurrentAudioDriver() : "";
     frames_ = size_.Frames();
     openings_ += opened;
     first_opening_over_ = true;
