@@ -9,7 +9,7 @@ import sys
 import threading
 import time
 
-from machine import NO_SOUND, Case, Terminal, main, need, stop, wait_until
+from machine import NO_SOUND, Case, Terminal, main, need, wait_until
 
 GAME = sys.argv[1]
 
@@ -37,12 +37,14 @@ class Brltty:
             self.process = subprocess.Popen(
                 ["brltty", "--no-daemon", "--environment-variables", "--configuration-file=/dev/null",
                  "--braille-driver=vr", f"--braille-device=client:{address}", "--screen-driver=no",
-                 "--speech-driver=no", f"--api-parameters=Auth=none,Host={self.host}",
+                 "--speech-driver=no", "--quiet",
+                 f"--api-parameters=Auth=none,Host={self.host}",
                  f"--pid-file={self.folder}/brltty.pid", f"--updatable-directory={self.folder}",
                  f"--writable-directory={self.folder}"],
                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             self.display, _ = server.accept()
         self.display.sendall(b"cells 20 1\n")
+        wait_until(lambda: os.path.exists(f"/var/lib/BrlAPI/{self.host[1:]}"), "BRLTTY's door")
         threading.Thread(target=self._read, args=[self.display.makefile()], daemon=True).start()
 
     def _read(self, lines):
@@ -61,7 +63,8 @@ class Brltty:
             self.display.sendall(f"{command}\n".encode())
 
     def kill(self):
-        stop(self.process)
+        self.process.terminate()  # takes its door away
+        self.process.wait(30)
         self.display.close()
         self.cells = ""
 

@@ -1,7 +1,7 @@
 """A player who reads: from the lines of the terminal alone, a first delivery is driven to its tip.
 
-    reader_test.py READ_GAME SOUNDS       in virtual time, several cities of chance
-    reader_test.py --real TAMLO           the game itself, in a terminal, in real time
+    reader_test.py READ_GAME SOUNDS       in virtual time, ten deliveries
+    reader_test.py --real TAMLO           the game itself, in a terminal, in real time: some minutes
 """
 
 import os
@@ -13,7 +13,7 @@ import sys
 import tempfile
 import time
 
-UP, DOWN, RIGHT, LEFT = "\x1b[A", "\x1b[B", "\x1b[C", "\x1b[D"
+DOWN, RIGHT, LEFT = "\x1b[B", "\x1b[C", "\x1b[D"
 ENTER = "\r"
 F5 = "\x1b[15~"
 HEADINGS = ["North", "East", "South", "West"]
@@ -111,14 +111,15 @@ def read_in_virtual_time(program, sounds, seed):
 
 def read_in_a_terminal(program, patience=600):
     player = Player()
+    program = os.path.abspath(program)
     with tempfile.TemporaryDirectory(prefix="tamlo-") as home:
         child, terminal = pty.fork()
         if child == 0:
-            os.chdir(os.path.dirname(os.path.abspath(program)))
+            os.chdir(os.path.dirname(program))
             environment = {"HOME": home, "TERM": "xterm", "PATH": os.environ["PATH"],
                            "PULSE_SERVER": "unix:/nonexistent", "PIPEWIRE_REMOTE": "nonexistent",
                            "ALSA_CONFIG_PATH": "/dev/null", "XDG_RUNTIME_DIR": home}
-            os.execve(os.path.abspath(program), [program], environment)
+            os.execve(program, [program], environment)
         unread, end = "", time.monotonic() + patience
         while not player.tip and time.monotonic() < end:
             if not select.select([terminal], [], [], 1)[0]:

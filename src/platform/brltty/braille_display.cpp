@@ -26,7 +26,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto pause_between_tries = 3s;
+constexpr std::chrono::milliseconds pause_between_tries = 3s;
+constexpr std::chrono::milliseconds pause_when_refused = 60s;
 constexpr auto pause_between_keys = 60ms;  // a turn of the game keeps only the last key
 constexpr auto patience = 300ms;           // of the game with the display
 
@@ -74,8 +75,7 @@ class BrailleDisplay::Reader {
 
     void Run() {
         while (TakeNews()) {
-            Serve();
-            Rest();
+            Rest(ServeOnce() ? pause_between_tries : pause_when_refused);
         }
     }
 
@@ -100,36 +100,43 @@ class BrailleDisplay::Reader {
     };
 
     /// Waits before the next try; lines go on to be taken.
-    void Rest() {
+    void Rest(std::chrono::milliseconds pause) {
         using Clock = std::chrono::steady_clock;
-        const auto next_try = Clock::now() + pause_between_tries;
+        const auto next_try = Clock::now() + pause;
         while (Clock::now() < next_try && TakeNews()) {
             const auto left = std::chrono::ceil<std::chrono::milliseconds>(next_try - Clock::now());
             Sleep(-1, static_cast<int>(std::max(left, 0ms).count()));
         }
     }
 
-    /// Until the connection is lost, or cannot be had; or the game closes the mailbox.
-    void Serve() {
+    /// False if BRLTTY is there and says no.
+    bool ServeOnce() {
         BrlapiConnection connection(library_);
-        if (!connection.Open()) return;
+        return Serve(connection) || !connection.Refused();
+    }
+
+    /// Until the connection is lost, or the game closes the mailbox. False if the display cannot be
+    /// had.
+    bool Serve(BrlapiConnection& connection) {
+        if (!connection.Open()) return false;
         Holding held(box_);
         while (TakeNews()) {
             if (focused_ != held.Now()) {
-                if (focused_ && !connection.Enter(box_.plan.window)) return;
+                if (focused_ && !connection.Enter(box_.plan.window)) return false;
                 if (!focused_) connection.Leave();
                 held.Set(focused_);
                 fresh_ = true;
             }
             if (held.Now()) {
-                if (std::exchange(fresh_, false) && !Write(connection)) return;
+                if (std::exchange(fresh_, false) && !Write(connection)) return true;
                 // Keys that came together with an answer would wake nobody.
-                if (!TakeKeys(connection)) return;
+                if (!TakeKeys(connection)) return true;
                 if (fresh_) continue;
             }
             const bool readable = Sleep(connection.Readable(), -1);
-            if (readable && !held.Now()) return;
+            if (readable && !held.Now()) return true;
         }
+        return true;
     }
 
     bool Write(BrlapiConnection& connection) {

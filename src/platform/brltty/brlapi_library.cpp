@@ -71,6 +71,11 @@ bool BrlapiConnection::Enter(std::optional<int> window) {
            TakeKeys();
 }
 
+bool BrlapiConnection::Refused() const {
+    const int error = library_.error()->brlerrno;
+    return error == BRLAPI_ERROR_AUTHENTICATION || error == BRLAPI_ERROR_UNKNOWNTTY;
+}
+
 /// The keys that the game knows; all others remain BRLTTY's.
 bool BrlapiConnection::TakeKeys() {
     const brlapi_keyCode_t typed[] = {BRLAPI_KEY_TYPE_SYM};

@@ -46,6 +46,8 @@ class BrlapiConnection {
     /// Takes the display while what is shown there has the focus: this terminal, or, given its
     /// number, a window of the desktop (0: the desktop itself). False if BRLTTY has no such place.
     bool Enter(std::optional<int> window);
+    /// Whether Open or Enter has failed because BRLTTY says no, which it will say again.
+    bool Refused() const;
     void Leave();
     /// Cells in a row and rows; both 0 while no display is plugged in. False if the connection is
     /// lost, as below.
