@@ -198,10 +198,13 @@ TEST_F(TerminalTest, TheCursorRestsOnTheNewestLine) {
             game_.Number(), LinePrinter::WhenStuck::drop, [] {}, LinePrinter::Cursor::at_line);
         for (const char* line : {"one", "", "twice ten and one", "ten cells."}) printer.Print(line);
     }
-    char printed[100];
-    const ssize_t count = ::read(player_.Number(), printed, sizeof printed);
-    EXPECT_EQ(std::string(printed, static_cast<std::size_t>(std::max<ssize_t>(count, 0))),
-              "one\r\r\ntwice ten and one\r\x1b[1A\r\n\r\nten cells.\r\r\n");
+    const std::string expected = "one\r\r\ntwice ten and one\r\x1b[1A\r\n\r\nten cells.\r\r\n";
+    std::string printed;
+    char byte = 0;  // a terminal passes on what is written in pieces
+    while (printed.size() < expected.size() && ::read(player_.Number(), &byte, 1) == 1) {
+        printed += byte;
+    }
+    EXPECT_EQ(printed, expected);
 }
 
 TEST_F(TerminalTest, TheMessageBoxIsClosedByEnter) {
