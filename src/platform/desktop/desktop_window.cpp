@@ -291,4 +291,8 @@ void DesktopWindow::MessageBox(const std::string& text) {
     impl_->Paint();
 }
 
+void DesktopWindow::WhenTheDisplayHasGone(std::function<void()> farewell) {
+    SetFarewell(std::move(farewell));
+}
+
 }  // namespace tamlo

@@ -11,7 +11,7 @@ namespace tamlo {
 
 /// The window and its event queue. All calls belong to the thread that opened it. From the moment
 /// the window is closed or SIGINT, SIGTERM or SIGHUP arrives, every call but the destructor throws
-/// EndOfProcess; a second such signal kills the process.
+/// EndOfProcess; such a signal that comes more than a second later kills the process.
 class DesktopWindow : public Events {
   public:
     /// Connects to the display that the environment names. Null when there is none that delivers
@@ -44,6 +44,10 @@ class DesktopWindow : public Events {
     /// Shows the text in the window and on standard error until the player presses Enter, Space or
     /// Escape. Keys pressed before it appears do not close it.
     void MessageBox(const std::string& text);
+
+    /// What is still done when the display has gone, before that ends the process: no call of the
+    /// window's is possible any more, and no exception. An empty function for nothing.
+    void WhenTheDisplayHasGone(std::function<void()> farewell);
 
   private:
     struct Impl;

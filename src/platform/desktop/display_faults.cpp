@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace tamlo {
 
@@ -14,6 +15,7 @@ namespace {
 
 bool* lost_flag = nullptr;  // the handlers take no argument of ours
 Window own_window = 0;
+std::function<void()> last_words;
 
 int RefusedRequest(Display*, XErrorEvent* error) {
     // Other refusals (of a focus, of a property) belong to a desktop's daily life.
@@ -25,6 +27,7 @@ int RefusedRequest(Display*, XErrorEvent* error) {
 // exit() would run destructors under the feet of the sound card's thread.
 int LostConnection(Display*) {
     std::fputs("The display has gone.\n", stderr);
+    if (const auto farewell = std::exchange(last_words, nullptr)) farewell();
     std::_Exit(0);
 }
 
@@ -44,6 +47,10 @@ void WatchForDisplayFaults(SDL_Window* window, bool& lost) {
     lost_flag = &lost;
     XSetErrorHandler(RefusedRequest);
     XSetIOErrorHandler(LostConnection);
+}
+
+void SetFarewell(std::function<void()> farewell) {
+    last_words = std::move(farewell);
 }
 
 }  // namespace tamlo

@@ -2,28 +2,38 @@
 
 #include <array>
 #include <atomic>
+#include <cstdint>
+#include <ctime>
 
 namespace tamlo {
 namespace {
 
 constexpr std::array end_signals = {SIGINT, SIGTERM, SIGHUP};
 
-std::atomic<bool> arrived = false;
-static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler must not wait");
+constexpr std::int64_t echo_time = 1'000'000'000;  // ns
 
-void Note(int) {
-    arrived.store(true);
+std::atomic<std::int64_t> first_arrival = 0;  // on the steady clock; 0 before it
+static_assert(std::atomic<std::int64_t>::is_always_lock_free, "a signal handler must not wait");
+
+void Note(int signal) {
+    timespec time = {};
+    clock_gettime(CLOCK_MONOTONIC, &time);
+    const std::int64_t now = time.tv_sec * INT64_C(1'000'000'000) + time.tv_nsec;
+    std::int64_t none = 0;
+    if (first_arrival.compare_exchange_strong(none, now) || now - none < echo_time) return;
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);  // once this handler has returned
 }
 
 }  // namespace
 
 EndSignals::EndSignals() {
-    arrived.store(false);
-    caught_.emplace(end_signals, Note, static_cast<int>(SA_RESETHAND));
+    first_arrival.store(0);
+    caught_.emplace(end_signals, Note);
 }
 
 bool EndSignals::Arrived() const {
-    return arrived.load();
+    return first_arrival.load() != 0;
 }
 
 }  // namespace tamlo

@@ -7,9 +7,10 @@
 
 namespace tamlo {
 
-/// While one lives, SIGINT, SIGTERM and SIGHUP are noted instead of killing the process. Each kills
-/// as ever when it comes a second time, so that a program that is stuck can still be ended. At most
-/// one may live at a time.
+/// While one lives, SIGINT, SIGTERM and SIGHUP are noted instead of killing the process. One that
+/// comes more than a second after the first kills as ever, so that a program that is stuck can
+/// still be ended; sooner, it is an echo: systems send several at once, and to parent and child. At
+/// most one may live at a time.
 class EndSignals {
   public:
     EndSignals();
