@@ -5,11 +5,12 @@
 
 #include <csignal>
 #include <cstdlib>
-#include <exception>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "app/breakdown.h"
+#include "app/display_farewell.h"
 #include "app/sound_meanings.h"
 #include "game/form1.h"
 #include "platform/brltty/braille_display.h"
@@ -24,6 +25,7 @@
 #include "platform/system/system_clock.h"
 #include "platform/system/system_desktop.h"
 #include "platform/system/system_random.h"
+#include "platform/system/watched_run.h"
 #include "platform/terminal/observed.h"
 #include "platform/terminal/piped_events.h"
 #include "platform/terminal/terminal_events.h"
@@ -125,6 +127,7 @@ Ending PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Story& stor
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump);
     const WriteLine print = [&](const std::string& line) { printer.Print(line); };
     HeardVoice voice(sound, pump, print, print);
+    const DisplayFarewell farewell(window, voice.Service());
     Captioned heard(voice.Service(), sound, machine.clock, [&](const std::string& line) {
         window.ShowLine(line);
         braille.Show(line);
@@ -249,6 +252,22 @@ void OpenStandardStreams() {
     }
 }
 
+/// The result of a game that wants to be started anew: a number that no other end has.
+constexpr int restart_wanted = 83;
+
+int PlayToTheEnd(const std::string& sounds, const Story& story, const Introduction& introduction) {
+    EndOfProcess end;
+    try {
+        const Ending ending = Play(sounds, story, introduction);
+        if (ending.restart) return restart_wanted;
+        end = ending.end;
+    } catch (const EndOfProcess& on_the_way) {
+        end = on_the_way;
+    }
+    if (!end.reason.empty()) PrintLine(end.reason);
+    return end.exit_status;
+}
+
 }  // namespace
 
 int RunOnThisMachine(const std::string& sounds, const Story& story,
@@ -256,20 +275,17 @@ int RunOnThisMachine(const std::string& sounds, const Story& story,
     OpenStandardStreams();
     // A reader of our print that goes away is no reason to fall silent.
     std::signal(SIGPIPE, SIG_IGN);
-    try {
-        const Ending ending = Play(sounds, story, introduction);
-        if (!ending.end.reason.empty()) PrintLine(ending.end.reason);
-        if (!ending.restart) return ending.end.exit_status;
-        RestartProgram();
-        PrintLine("The game could not be started anew.");
-    } catch (const EndOfProcess& end) {
-        if (!end.reason.empty()) PrintLine(end.reason);
-        return end.exit_status;
-    } catch (const std::exception& failure) {
-        PrintLine(std::string("Tamlo Delivery has to end: ") + failure.what());
-    } catch (...) {
-        PrintLine("Tamlo Delivery has to end: something went wrong.");
+    const TerminalSettings terminal(STDIN_FILENO);
+    const RunEnd end = RunWatched([&] { return PlayToTheEnd(sounds, story, introduction); });
+    if (end.signal != 0) {
+        terminal.Restore();
+        if (!AsksToEnd(end.signal)) TellBreakdown(end);
+        terminal.RestoreAndFlush();  // keys that were pressed at the dead game are not the shell's
+        return 128 + end.signal;
     }
+    if (end.status != restart_wanted) return end.status;
+    RestartProgram();
+    PrintLine("The game could not be started anew.");
     return 1;
 }
 

@@ -23,8 +23,10 @@ using Introduction = std::function<void(const Place&)>;
 /// What is done with the game once it stands: to play it, for the most part.
 using Story = std::function<void(Form1&)>;
 
-/// Runs the story to its EndOfProcess, with the wave files of the folder `sounds`; the process's
-/// exit status. Restarts the program when the game asked for it.
+/// Runs the story to its EndOfProcess in a process of its own (see RunWatched), with the wave files
+/// of the folder `sounds`; the exit status for this one. Restarts the program when the game asked
+/// for it. Should the story's process die, the player is told, and the status is 128 and the
+/// signal, as shells have it.
 int RunOnThisMachine(const std::string& sounds, const Story& story,
                      const Introduction& introduction = {});
 

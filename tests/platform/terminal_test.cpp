@@ -141,21 +141,6 @@ TEST_F(TerminalTest, AHungUpTerminalEndsTheGame) {
     EXPECT_THAT(ReasonOfEnd([&] { events_->Turn(nobody, 0); }), HasSubstr("closed"));
 }
 
-TEST_F(TerminalTest, ACrashGivesTheTerminalBack) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::signal(SIGABRT, SIG_DFL);
-        const TerminalMode fresh(game_.Number());
-        std::abort();
-    }
-    mode_->Leave();
-    const tcflag_t before = LocalModes();
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT);
-    EXPECT_EQ(LocalModes(), before);
-}
-
 TEST_F(TerminalTest, AStopGivesTheTerminalBackUntilItIsContinued) {
     mode_->Leave();
     // In a session of its own, so that stopping is what the shell, this test, is told of.
