@@ -14,7 +14,6 @@ SLOW = 4  # how many times slower than a quiet machine a busy one may be
 
 def walk_the_menu(keyboard, game):
     """From the title tune to the main menu; `game` tells the lines as they are said."""
-    time.sleep(3)  # a key before the window is shown is lost
     pressed = time.monotonic()
     keyboard.press("space")
     title = game.line("Tamlo Delivery. version 3.")
@@ -84,6 +83,7 @@ class Game(Case):
     def test_a_window_without_sound(self):
         display = self.own(Display())
         game = self.start({**display.environment, **NO_SOUND})
+        display.await_window()
         self.assertLess(walk_the_menu(display, game), 2 * SLOW)
         drive_three_blocks(display, game)
         game.process.send_signal(signal.SIGTERM)
@@ -94,11 +94,11 @@ class Game(Case):
         for way in ("SIGTERM", "SIGINT", "close"):
             with self.subTest(way=way):
                 game = self.start({**display.environment, **NO_SOUND})
-                time.sleep(1)
+                display.await_window()
                 display.press("space")
                 game.line("Tamlo Delivery. version 3.")  # which no key cuts
                 if way == "close":
-                    display.xdotool("search", "--name", "Tamlo", "windowclose")
+                    display.xdotool("getwindowfocus", "windowclose")
                 else:
                     game.process.send_signal(getattr(signal, way))
                 begin = time.monotonic()
@@ -112,7 +112,7 @@ class Game(Case):
         walk_the_menu(terminal, terminal)  # drive_test.py goes on from here
         wait_until(lambda: terminal.at_cursor() == "start game", "the cursor at the line")
         terminal.press("C-c")
-        terminal.ended(5)
+        self.assertEqual(terminal.ended(5 * SLOW), 0)
 
     def test_no_input_at_all(self):
         game = self.start(NO_SOUND)

@@ -39,6 +39,12 @@ def wait_until(condition, what, patience=PATIENCE):
         time.sleep(0.02)
 
 
+def child_of(process):
+    """The number of the first child of a process; none if it has none."""
+    done = subprocess.run(["pgrep", "-P", str(process)], capture_output=True, text=True)
+    return next((int(number) for number in done.stdout.split()), None)
+
+
 def stop(process):
     if process.poll() is None:
         process.kill()
@@ -70,6 +76,11 @@ class Display:
         environment = dict(os.environ, **self.environment)
         return subprocess.run(["xdotool", *arguments], env=environment, timeout=PATIENCE,
                               capture_output=True, text=True)
+
+    def await_window(self):
+        """Waits until the game's window has the keyboard."""
+        wait_until(lambda: "Tamlo" in self.xdotool("getwindowfocus", "getwindowname").stdout,
+                   "the window")
 
     def press(self, *keys):
         """Presses keys, given by their X names; returns the time just before the first."""
@@ -168,7 +179,8 @@ class Program:
                                         stderr=subprocess.STDOUT, text=True, bufsize=1, **options)
         self.arriving = queue.Queue()
         self.lines = []
-        threading.Thread(target=self._read, daemon=True).start()
+        self.reader = threading.Thread(target=self._read, daemon=True)
+        self.reader.start()
 
     def _read(self):
         for line in self.process.stdout:
@@ -186,8 +198,12 @@ class Program:
             if text in line:
                 return when
 
+    def player(self):
+        """The number of the process that plays: the child of the one that watches over it."""
+        return child_of(self.process.pid) or self.process.pid
+
     def cpu_seconds(self):
-        with open(f"/proc/{self.process.pid}/stat", encoding="ascii") as file:
+        with open(f"/proc/{self.player()}/stat", encoding="ascii") as file:
             fields = file.read().rpartition(")")[2].split()
         return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
@@ -199,14 +215,26 @@ class Program:
             raise AssertionError(f"still running after {patience} s; {self.lines}") from None
 
     def close(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.reader.join(PATIENCE)  # the process that plays ends with the one that watches
         stop(self.process)
 
 
 class Terminal:
     """A program in a terminal of its own, started in its own folder, and all it prints there."""
 
+    # The terminal itself does not always tell the status.
+    SCRIPT = """trap : INT
+        stty -a >"$1/settings before"
+        "$0"
+        echo $? >"$1/status"
+        stty -a >"$1/settings after"
+        echo >"$1/ended" """
+
     def __init__(self, program, folder, environment):
         need("tmux")
+        self.folder = folder
         self.socket = os.path.join(folder, "tmux")
         self.log = os.path.join(folder, "printed")
         self.seen = 0
@@ -215,7 +243,8 @@ class Terminal:
         self.tmux("set-option", "-g", "remain-on-exit", "on")
         self.tmux("pipe-pane", f"cat >'{self.log}'")
         self.tmux("respawn-pane", "-k", "-c", os.path.dirname(program),
-                  "env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", f"HOME={folder}", *settings, program)
+                  "env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", f"HOME={folder}", *settings,
+                  "sh", "-c", self.SCRIPT, program, folder)
 
     def tmux(self, *arguments):
         return subprocess.run(["tmux", "-S", self.socket, *arguments], capture_output=True,
@@ -225,6 +254,10 @@ class Terminal:
         names = {"Return": "Enter", "space": "Space"}
         for key in keys:
             self.tmux("send-keys", names.get(key, key))
+
+    def type(self, line):
+        self.tmux("send-keys", "-l", line)
+        self.press("Return")
 
     def printed(self):
         try:
@@ -245,9 +278,18 @@ class Terminal:
         return self.tmux("capture-pane", "-p", "-S", row, "-E", row).rstrip("\n")[int(column):]
 
     def ended(self, patience=PATIENCE):
-        """Waits for the end. (The status is not always told by the terminal.)"""
-        wait_until(lambda: self.tmux("display-message", "-p", "#{pane_dead}").strip() == "1",
-                   "the end", patience)
+        """Waits for the end; returns the exit status."""
+        wait_until(lambda: os.path.exists(os.path.join(self.folder, "ended")), "the end", patience)
+        return int(self.noted("status"))
+
+    def noted(self, name):
+        with open(os.path.join(self.folder, name), encoding="ascii") as file:
+            return file.read()
+
+    def player(self):
+        """The number of the process that plays."""
+        shell = self.tmux("display-message", "-p", "#{pane_pid}").strip()
+        return child_of(child_of(shell))
 
     def close(self):
         self.tmux("kill-server")
