@@ -35,7 +35,8 @@ class Files {
     virtual ReadResult Read(const std::string& path) = 0;
     /// Creates or replaces the file, whole or not at all, whatever happens to the machine.
     virtual bool Replace(const std::string& path, std::string_view bytes) = 0;
-    /// Appends the bytes in one write, creating the file if it is missing.
+    /// Appends the bytes in one write, creating the file if it is missing. They begin a line of
+    /// their own; zeros at the end, which a power cut leaves, are taken off.
     virtual bool Append(const std::string& path, std::string_view bytes) = 0;
     virtual bool Delete(const std::string& path) = 0;
     /// Renames a file; fails, and changes nothing, when `to` exists in any case.

@@ -166,6 +166,21 @@ TEST_F(FilesTest, AFullDiskLeavesTheOldContent) {
     EXPECT_EQ(folder_.Content("log.txt"), "line 1\r\nline 2\r\n");
 }
 
+TEST_F(FilesTest, AppendingTakesOffWhatAPowerCutLeft) {
+    const auto zeros = [](std::size_t count) { return std::string(count, '\0'); };
+    const std::pair<std::string, std::string> logs[] = {
+        {"line 1\r\n" + zeros(3), "line 1\r\nx"},
+        {"line 1\r\nli" + zeros(9000), "line 1\r\nli\r\nx"},
+        {zeros(5000), "x"},
+        {"edited" + zeros(1) + "by hand", "edited" + zeros(1) + "by hand\r\nx"},
+    };
+    for (const auto& [before, after] : logs) {
+        folder_.Write("log.txt", before);
+        EXPECT_TRUE(files_.Append(folder_ / "log.txt", "x"));
+        EXPECT_EQ(folder_.Content("log.txt"), after);
+    }
+}
+
 TEST_F(FilesTest, AKilledReplacementLeavesTheOldContentOrTheNew) {
     folder_.Write("game.sav", std::string(100000, 'a'));
     for (int round = 0; round < 20; ++round) {

@@ -6,6 +6,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
@@ -93,6 +94,29 @@ bool WriteUnfinished(OpenedFile& unfinished, std::string_view bytes, const struc
     return (old == nullptr || TakeOver(file, *old)) && WriteAll(file, bytes) && ::fsync(file) == 0;
 }
 
+/// Where the bytes of a file end that are not zeros behind all others; -1 if it can't be read.
+off_t EndOfText(int file, off_t length) {
+    char block[4096];
+    while (length > 0) {
+        const off_t size = std::min<off_t>(length, sizeof block);
+        if (::pread(file, block, static_cast<std::size_t>(size), length - size) != size) return -1;
+        for (off_t i = size; i > 0; --i, --length) {
+            if (block[i - 1] != '\0') return length;
+        }
+    }
+    return 0;
+}
+
+/// Takes the zeros off that a power cut has left at the end: the file's new length had come to the
+/// disk, its new bytes had not. Sets `length`; whether the last line has lost its end.
+bool MendEnd(int file, off_t& length) {
+    const off_t end = EndOfText(file, length);
+    if (end < 0 || (end < length && ::ftruncate(file, end) != 0)) return false;
+    length = end;
+    char last = '\n';
+    return end > 0 && ::pread(file, &last, 1, end - 1) == 1 && last != '\n';
+}
+
 }  // namespace
 
 bool IsUnfinishedName(std::string_view name) {
@@ -137,15 +161,17 @@ bool AppendToFile(const std::string& path, std::string_view bytes) {
     struct stat before = {};
     const bool exists = ::stat(path.c_str(), &before) == 0;
     if (exists && !S_ISREG(before.st_mode)) return false;
-    const int flags = O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const int flags = O_RDWR | O_APPEND | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     Descriptor file(::open(path.c_str(), flags, 0666));
     if (!file || ::fstat(file.Number(), &before) != 0 || !S_ISREG(before.st_mode)) return false;
 
+    std::string text(MendEnd(file.Number(), before.st_size) ? "\r\n" : "");
+    text += bytes;
     ssize_t written = 0;
     do {
-        written = ::write(file.Number(), bytes.data(), bytes.size());
+        written = ::write(file.Number(), text.data(), text.size());
     } while (written < 0 && errno == EINTR);
-    if (written == static_cast<ssize_t>(bytes.size())) return file.Close();
+    if (written == static_cast<ssize_t>(text.size())) return file.Close();
 
     // Half a line is worse than none. Should even this fail, nothing more can be done.
     if (::ftruncate(file.Number(), before.st_size) == 0 && !exists) ::unlink(path.c_str());
