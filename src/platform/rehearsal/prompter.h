@@ -52,8 +52,11 @@ class Prompter {
     /// Keys pressed and not yet handed to the game, oldest first.
     std::vector<int>& Keys() { return keys_; }
     bool KeysWaiting() const { return !keys_.empty(); }
-    /// Steps to carry out besides those of the script, behind them.
+    /// Steps to carry out besides those of the script, behind them. Those that are done are
+    /// forgotten, so that a rehearsal can go on for as long as it likes.
     void Add(const std::vector<Step>& steps) {
+        steps_.erase(steps_.begin(), steps_.begin() + static_cast<std::ptrdiff_t>(next_));
+        next_ = 0;
         steps_.insert(steps_.end(), steps.begin(), steps.end());
     }
     /// The next scripted draw, taken from its queue.
