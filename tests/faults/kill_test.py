@@ -8,6 +8,7 @@ tried, and of the others, which leave it as the call before did, one in N (12).
 """
 
 import argparse
+import collections
 import concurrent.futures
 import os
 import pathlib
@@ -27,10 +28,26 @@ draw 0 0 0.365 0.49 0.5
 press enter enter 3 5 right enter 3 5 right enter 3 5 right enter 3 5
 press down enter down enter
 """
+# Wins, a slow and a quick record: the saved game is deleted and the record stored.
+WIN = """\
+press enter
+set p2d 0
+set cash 2001
+set nhr {hours}
+set ordopen(1) 0
+press enter 3 5 right enter 3 5 right enter 3 5 right enter 3 5
+press a l enter enter
+"""
 # The next start, which stores the settings once more.
 NEXT = "press down down down down down down enter enter\n"
 
-FILES = ("tamlo.sav", "tamlo.cfg", "tamlostreets.txt", "tamlolog.txt")
+SCRIPTS = {"day": DAY, "slow win": WIN.format(hours=90), "quick win": WIN.format(hours=1),
+           "next": NEXT}
+SUCCESS = {"day": " game saved ", "slow win": " Which sets a new record.",
+           "quick win": " Which sets a new record."}
+
+STORED = ("tamlo.sav", "tamlo.cfg", "tamlostreets.txt", "tamlo.rec")
+FILES = (*STORED, "tamlolog.txt")
 CHANGING = {"mkdir", "write", "rename", "renameat", "renameat2", "fsync", "unlink", "unlinkat",
             "ftruncate", "fchmod", "fchown"}
 ERRORS = ("ENOSPC", "EIO", "EACCES")
@@ -42,7 +59,7 @@ class Machine:
     def __init__(self, rehearse, work):
         self.rehearse = rehearse
         self.work = work
-        for name, script in (("day", DAY), ("next", NEXT)):
+        for name, script in SCRIPTS.items():
             (work / name).write_text(script, encoding="utf-8")
 
     def run(self, script, documents, strace=(), longest_file=None):
@@ -53,16 +70,17 @@ class Machine:
 
         command = [*strace, self.rehearse, "--documents", documents, self.work / script]
         # Our own ignoring of the signal that comes with the limit is passed on.
-        return subprocess.run(command, capture_output=True, text=True, timeout=120, check=False,
+        return subprocess.run(command, capture_output=True, text=True, timeout=1200, check=False,
                               preexec_fn=limit, restore_signals=False)
 
     def strace(self, *options, log="/dev/null"):
         return ["strace", "-f", "-y", "-o", log, "-e", "trace=file,desc", *options]
 
-    def calls(self, documents):
-        """Every call on the player's folder: its name, its number among those of its name."""
+    def calls(self, script, documents):
+        """Every call on the player's folder: its name, its number among those of its name, and
+        whether it changes the disk."""
         log = self.work / "calls"
-        done = self.run("day", documents, self.strace(log=log))
+        done = self.run(script, documents, self.strace(log=log))
         if done.returncode != 0:
             raise RuntimeError("strace can't watch the game: " + done.stderr)
         counts = {}
@@ -86,14 +104,21 @@ def contents(documents):
 
 def wrong_files(before, after, found):
     """What of the files found is neither as before the day nor as after it."""
-    for name in FILES[:3]:
+    for name in STORED:
         if found[name] not in (before[name], after[name]):
             yield f"{name} is neither the old one nor the new one"
     log = found["tamlolog.txt"]
-    if log is not None and not (log.endswith(b"\r\n") and after["tamlolog.txt"].startswith(log)):
-        yield "the log ends in the middle of a line"
-    if log is None and before["tamlolog.txt"] is not None:
+    if log != before["tamlolog.txt"]:
+        yield from wrong_log(log, after["tamlolog.txt"])
+
+
+def wrong_log(log, whole):
+    if log is None:
         yield "the log is gone"
+    elif not whole.startswith(log):
+        yield "the log holds what was never written: " + repr(log[-40:])
+    elif not log.endswith(b"\r\n"):
+        yield "the log ends in the middle of a line"
 
 
 def wrong_start(machine, documents):
@@ -108,16 +133,17 @@ def wrong_start(machine, documents):
 
 
 class Day:
-    """One day, from the folder `begin` on (none: the very first), and how it ends undisturbed."""
+    """One day: a script that begins with the player's files as in the folder `begin`, and how it
+    ends undisturbed."""
 
-    def __init__(self, machine, name, begin):
+    def __init__(self, machine, name, script, begin):
         self.machine = machine
         self.name = name
+        self.script = script
         self.begin = begin
         self.end = self.fresh("end")
-        self.calls = machine.calls(self.fresh("watched"))
-        if " game saved " not in machine.run("day", self.end).stdout:
-            raise RuntimeError("the undisturbed day is not saved")
+        if SUCCESS[script] not in machine.run(script, self.end).stdout:
+            raise RuntimeError("the undisturbed day does not come to its end")
         self.before = contents(self.begin)
         self.after = contents(self.end)
 
@@ -126,10 +152,13 @@ class Day:
         shutil.copytree(self.begin, folder)
         return folder
 
+    def calls(self):
+        return self.machine.calls(self.script, self.fresh("watched"))
+
     def kill(self, call):
         name, number, _ = call
         documents = self.fresh(f"kill-{name}-{number}")
-        killed = self.machine.run("day", documents, self.machine.strace(
+        killed = self.machine.run(self.script, documents, self.machine.strace(
             "-e", f"inject={name}:signal=KILL:when={number}"))
         wrong = [] if killed.returncode in (-9, 137) else ["the game has not been killed"]
         (documents / "tolvane").mkdir(exist_ok=True)
@@ -141,7 +170,7 @@ class Day:
     def fail(self, call, error):
         name, number, _ = call
         documents = self.fresh(f"fail-{name}-{number}-{error}")
-        day = self.machine.run("day", documents, self.machine.strace(
+        day = self.machine.run(self.script, documents, self.machine.strace(
             "-e", f"inject={name}:error={error}:when={number}"))
         wrong = [] if day.returncode == 0 else [f"the day ends with {day.returncode}"]
         found = contents(documents)
@@ -160,10 +189,9 @@ class Day:
         shutil.rmtree(documents)
         return [f"{self.name}, {error} from {name} {number}: {what}" for what in wrong]
 
-
     def run_short(self, longest_file):
         documents = self.fresh(f"short-{longest_file}")
-        day = self.machine.run("day", documents, longest_file=longest_file)
+        day = self.machine.run(self.script, documents, longest_file=longest_file)
         wrong = [] if day.returncode == 0 else [f"the day ends with {day.returncode}"]
         found = contents(documents)
         told = {"tamlo.sav": "the game could not be saved",
@@ -183,19 +211,33 @@ class Day:
         return [f"{self.name}, files of {longest_file} bytes: {what}" for what in wrong]
 
 
+def days(machine):
+    """Two days of work and two careers won, each from the files that the one before has left."""
+    begin = machine.work / "nothing"
+    (begin / "tolvane").mkdir(parents=True)
+    for name, script in (("first day", "day"), ("second day", "day"), ("first record", "slow win"),
+                         ("second record", "quick win")):
+        yield (day := Day(machine, name, script, begin))
+        begin = day.end
+
+
 def trials(day, every):
+    """What to try on a day: of which kind it is, and the trial."""
     others = 0
-    for call in day.calls:
+    calls = day.calls()
+    for call in calls:
         # For a game that is killed, unlike for a power cut, flushing changes nothing.
         changes = call[2] and call[0] != "fsync"
         others += not changes
         if changes or others % every == 0:
-            yield lambda call=call: day.kill(call)
-    for number, call in enumerate(call for call in day.calls if call[2]):
+            yield "kills", lambda call=call: day.kill(call)
+    if day.script != "day":
+        return
+    for number, call in enumerate(call for call in calls if call[2]):
         for error in ERRORS if every == 1 else (ERRORS[number % len(ERRORS)],):
-            yield lambda call=call, error=error: day.fail(call, error)
+            yield "failing calls", lambda call=call, error=error: day.fail(call, error)
     for longest_file in range(0, 2400, 6 * every):
-        yield lambda longest_file=longest_file: day.run_short(longest_file)
+        yield "short files", lambda longest_file=longest_file: day.run_short(longest_file)
 
 
 def main():
@@ -211,14 +253,12 @@ def main():
 
     with tempfile.TemporaryDirectory() as work:
         machine = Machine(arguments.rehearse, pathlib.Path(work))
-        (machine.work / "nothing" / "tolvane").mkdir(parents=True)
-        first = Day(machine, "first day", machine.work / "nothing")
-        second = Day(machine, "second day", first.end)
-        tried = [trial for day in (first, second) for trial in trials(day, arguments.every)]
+        tried = [trial for day in days(machine) for trial in trials(day, arguments.every)]
         with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-            wrong = [what for found in pool.map(lambda trial: trial(), tried) for what in found]
+            wrong = [what for found in pool.map(lambda trial: trial[1](), tried) for what in found]
     print("\n".join(wrong[:20]))
-    print(f"{len(tried)} kills and failing calls, {len(wrong)} wrong")
+    counts = collections.Counter(kind for kind, _ in tried)
+    print(", ".join(f"{count} {kind}" for kind, count in counts.items()) + f", {len(wrong)} wrong")
     return 1 if wrong or len(tried) < 100 else 0
 
 
