@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 
     static Mixer mixer;
     Track& track = mixer.Add(std::make_shared<const WaveData>(std::move(*wave)));
-    std::array<float, 2000> stereo{};
+    std::array<float, 200> stereo{};
     for (const PlayMode mode : {PlayMode::once, PlayMode::looping}) {
         mixer.Play(track, mode, mode == PlayMode::once ? 1 : 2);
         mixer.Mix(stereo.data(), static_cast<int>(stereo.size() / 2));
