@@ -12,10 +12,11 @@ play_packages="espeak-ng-data fonts-dejavu-core"
 checking_packages="desktop-file-utils appstream man-db groff codespell liblouis-bin liblouis-data"
 
 # Without these some tests are skipped, and say so.
-test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils tmux procps strace"
+test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils tmux procps strace e2fsprogs mount
+    python3-fusepy"
 
-# Only scripts/fuzz-long asks for these.
-fuzz_packages="clang-14 libclang-rt-14-dev"
+# Only `./test long` asks for these.
+long_packages="clang-14 libclang-rt-14-dev"
 
 # Only packaging/packages and packaging/try ask for these.
 packing_packages="build-essential debhelper lintian debootstrap"

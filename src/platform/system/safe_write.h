@@ -12,10 +12,10 @@ namespace tamlo {
 /// False, with the old file untouched, if anything fails or the old file may not be written.
 bool ReplaceFile(const std::string& path, std::string_view bytes);
 
-/// Appends the bytes to the regular file `path` in one write, creating it if it is missing. They are
-/// not flushed to the disk, which would take time; so a power cut can leave zeros in their place,
-/// which are taken off first, or half a line, which is ended. On failure the file is as long as
-/// before, without such zeros.
+/// Appends the bytes to the regular file `path` in one write, creating it if it is missing. They
+/// are not flushed to the disk, which would take time; so a power cut can leave zeros in their
+/// place, which are taken off first, or half a line, which is ended. On failure the file is as long
+/// as before, without such zeros.
 bool AppendToFile(const std::string& path, std::string_view bytes);
 
 /// Flushes a folder's entries to the disk. False on an error of the disk; file systems that
