@@ -12,8 +12,8 @@ play_packages="espeak-ng-data fonts-dejavu-core"
 checking_packages="desktop-file-utils appstream man-db groff codespell liblouis-bin liblouis-data"
 
 # Without these some tests are skipped, and say so.
-test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils tmux procps strace e2fsprogs mount
-    python3-fusepy"
+test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils pipewire pipewire-pulse
+    wireplumber dbus-daemon tmux procps strace e2fsprogs mount python3-fusepy"
 
 # Only `./test long` asks for these.
 long_packages="clang-14 libclang-rt-14-dev"
