@@ -16,7 +16,7 @@ test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils pipe
     wireplumber dbus-daemon tmux procps strace e2fsprogs mount python3-fusepy"
 
 # Only `./test long` asks for these.
-long_packages="clang-14 libclang-rt-14-dev"
+long_packages="clang-14 libclang-rt-14-dev valgrind"
 
 # Only packaging/packages and packaging/try ask for these.
 packing_packages="build-essential debhelper lintian debootstrap"
