@@ -16,7 +16,7 @@ namespace {
 /// Samples that a text gives, cut off behind a minute.
 std::size_t Samples(Synthesizer& voice, const std::string& text, int number) {
     std::size_t samples = 0;
-    const auto most = static_cast<std::size_t>(voice.Rate()) * 60;
+    const auto most = static_cast<std::size_t>(voice.Rate(number)) * 60;
     voice.Synthesize({text, 10, number}, [&](std::span<const std::int16_t> some) {
         samples += some.size();
         return samples < most;
@@ -29,7 +29,7 @@ std::size_t Samples(Synthesizer& voice, const std::string& text, int number) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace tamlo;
-    static const std::unique_ptr<Synthesizer> voice = MakeEspeak();
+    static const std::unique_ptr<Synthesizer> voice = MakeVoices();
     static const int voices = voice->Open();
     if (voices == 0) return 0;  // Without the voice's data there is nothing to try.
     constexpr std::size_t most_names = 3;

@@ -34,6 +34,7 @@ SoundState StateOf(const SoundOutput& sound) {
 std::vector<std::string> VoiceNames() {
     std::vector<std::string> names;
     for (const VoiceEntry& voice : voice_table) names.emplace_back(voice.person);
+    for (const FliteVoice& voice : flite_voices) names.emplace_back(voice.person);
     return names;
 }
 

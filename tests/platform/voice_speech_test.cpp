@@ -38,7 +38,7 @@ class FakeSynthesizer : public Synthesizer {
     FakeSynthesizer(Log& log, int voices) : log_(log), voices_(voices) { ++log_.alive; }
     ~FakeSynthesizer() override { --log_.alive; }
     int Open() override { return voices_; }
-    int Rate() const override { return stream_rate; }
+    int Rate(int) const override { return stream_rate; }
     void Synthesize(const Utterance& utterance, const Sink& sink) override {
         log_.utterances.push_back(utterance);
         ++log_.begun;

@@ -36,7 +36,7 @@ int WordsPerMinute(int rate) {
 class Espeak : public Synthesizer {
   public:
     int Open() override;
-    int Rate() const override { return rate_; }
+    int Rate(int) const override { return rate_; }
     void Synthesize(const Utterance& utterance, const Sink& sink) override;
 
   private:
@@ -57,15 +57,20 @@ int Espeak::Open() {
     const char* data = nullptr;
     library_->Info(&data);
     const std::filesystem::path variants = std::filesystem::path(data ? data : "") / "voices/!v";
+    std::string first;  // installed, and in the place of those that are not
     for (const VoiceEntry& voice : voice_table) {
         // The library accepts variants that do not exist.
         std::error_code ignored;
-        if (voice.variant[0] != '\0' && !std::filesystem::exists(variants / voice.variant, ignored))
-            continue;
-        if (Choose(FullName(voice))) voices_.push_back(FullName(voice));
+        const bool there = (voice.variant[0] == '\0' ||
+                            std::filesystem::exists(variants / voice.variant, ignored)) &&
+                           Choose(FullName(voice));
+        if (there && first.empty()) first = FullName(voice);
+        voices_.push_back(there ? FullName(voice) : "");
     }
+    if (first.empty()) return 0;
+    std::replace(voices_.begin(), voices_.end(), std::string(), first);
     // The first text loads tables of the voice: better now than when the player waits for it.
-    if (!voices_.empty()) Synthesize({"ready", 0, 0}, [](auto) { return true; });
+    Synthesize({"ready", 0, 0}, [](auto) { return true; });
     return static_cast<int>(voices_.size());
 }
 

@@ -16,7 +16,7 @@ constexpr std::array<std::int16_t, sample_rate / 50> piece{};
 class Silence : public Synthesizer {
   public:
     int Open() override { return 1; }
-    int Rate() const override { return sample_rate; }
+    int Rate(int) const override { return sample_rate; }
     void Synthesize(const Utterance& utterance, const Sink& sink) override {
         const double seconds = static_cast<double>(utterance.text.size()) / characters_a_second /
                                std::pow(3.0, utterance.rate / 10.0);

@@ -122,7 +122,9 @@ class VoiceSpeech::Engine : public SpeechEngine {
 
     int GetVoicesCount() const override { return shared_.Voices(); }
     void SetVoice(int index) override {
-        if (index >= 0 && index < GetVoicesCount()) voice_ = index;
+        if (index < 0 || index >= GetVoicesCount() || index == voice_) return;
+        voice_ = index;
+        shared_.Worker().Speak({"", rate_, voice_});  // Silent, and the voice is made ready.
     }
 
   private:

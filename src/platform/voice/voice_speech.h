@@ -32,7 +32,7 @@ class VoiceSpeech : public Speech {
   public:
     /// A synthesizer that gives no sign of life for `longest_silence` while it has a text is left
     /// behind with its thread, and another one made for the texts that wait; three times.
-    explicit VoiceSpeech(SpeechHooks hooks = {}, SynthesizerMaker make = MakeEspeak,
+    explicit VoiceSpeech(SpeechHooks hooks = {}, SynthesizerMaker make = MakeVoices,
                          std::chrono::milliseconds longest_silence = std::chrono::seconds(2));
     ~VoiceSpeech() override;
 

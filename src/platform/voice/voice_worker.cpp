@@ -183,12 +183,14 @@ void VoiceWorker::SayAgain() {
 void VoiceWorker::Synthesize(const Job& job) {
     Utterance utterance = job.utterance;
     utterance.text = WithSpokenAmounts(CleanedForSpeech(utterance.text));
-    if (utterance.text.find_first_not_of(" \n") == utterance.text.npos) return;
-
     // A synthesizer made anew may find fewer.
     if (utterance.voice >= voices_) utterance.voice = 0;
+    if (utterance.text.find_first_not_of(" \n") == utterance.text.npos) {
+        synthesizer_->Prepare(utterance.voice);
+        return;
+    }
 
-    Resampler resampler(synthesizer_->Rate());
+    Resampler resampler(synthesizer_->Rate(utterance.voice));
     onset_found_ = onset_ == Onset::kept;
     synthesizer_->Synthesize(utterance, [&](std::span<const std::int16_t> made) {
         Progress();

@@ -143,8 +143,8 @@ std::size_t LengthFromFirstByte(unsigned first) {
     return first < 0xF5 ? 4 : 0;
 }
 
-/// Length of the well-formed UTF-8 character at the start of `text`, 0 if there is none; `code`
-/// is its code point.
+}  // namespace
+
 std::size_t TakeCharacter(std::string_view text, char32_t& code) {
     auto byte = [&](std::size_t i) { return static_cast<unsigned char>(At(text, i)); };
     const unsigned first = byte(0);
@@ -159,8 +159,6 @@ std::size_t TakeCharacter(std::string_view text, char32_t& code) {
     bool surrogate = code >= 0xD800 && code <= 0xDFFF;
     return overlong || surrogate || code > 0x10FFFF ? 0 : length;
 }
-
-}  // namespace
 
 std::string WithSpokenAmounts(std::string_view text) {
     std::string result;
