@@ -6,7 +6,7 @@ build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev li
     flite1-dev libpng-dev liblouis-dev libgtest-dev libgmock-dev libbenchmark-dev"
 
 # To play what has been built.
-play_packages="espeak-ng-data fonts-dejavu-core"
+play_packages="espeak-ng-data libflite1 fonts-dejavu-core"
 
 # What checks the menu entry, the pages and the manual; tests fail without them.
 checking_packages="desktop-file-utils appstream man-db groff codespell liblouis-bin liblouis-data"
