@@ -1,7 +1,9 @@
 # What every target of the project shares: warnings, sanitizers, where things are put.
 
 set(TAMLO_SANITIZE "" CACHE STRING "Sanitizers to build with, as for -fsanitize=")
-option(TAMLO_COVERAGE "Count the branches taken" OFF)
+set(TAMLO_TESTS all CACHE STRING
+    "Which tests: all, those that gain from sanitizers (sanitized), or the others (plain)")
+option(TAMLO_COVERAGE "Count the branches taken (clang only)" OFF)
 
 # The program and its wave files stand together; the tools stand beside them.
 set(TAMLO_GAME_DIR ${PROJECT_BINARY_DIR}/game)
@@ -19,27 +21,50 @@ add_library(tamlo_options INTERFACE)
 target_compile_options(tamlo_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 if(TAMLO_SANITIZE)
     target_compile_options(tamlo_options INTERFACE -fsanitize=${TAMLO_SANITIZE} -fno-omit-frame-pointer
-        -fno-sanitize-recover=all -O1)
+        -fno-sanitize-recover=all)
     target_link_options(tamlo_options INTERFACE -fsanitize=${TAMLO_SANITIZE})
 endif()
 if(TAMLO_COVERAGE)
-    target_compile_options(tamlo_options INTERFACE --coverage -O0)
-    target_link_options(tamlo_options INTERFACE --coverage)
+    target_compile_options(tamlo_options INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+    target_link_options(tamlo_options INTERFACE -fprofile-instr-generate)
 endif()
 
-# tamlo_library(NAME SOURCES file... [LIBS target...]): a static library seen from src/.
+# tamlo_library(NAME SOURCES file... [LIBS target...]): a library seen from src/, static unless
+# BUILD_SHARED_LIBS says otherwise.
 function(tamlo_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
-    add_library(${name} STATIC ${ARG_SOURCES})
+    add_library(${name} ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${ARG_LIBS} PRIVATE tamlo_options)
 endfunction()
 
-# tamlo_test(NAME SOURCES file... [LIBS target...]): one test program, its cases known to ctest.
+# tamlo_tests_are(KIND): whether this configuration has the tests of a kind, plain or sanitized; sets
+# has_tests.
+function(tamlo_tests_are kind)
+    set(has_tests OFF)
+    if(TAMLO_TESTS STREQUAL all OR TAMLO_TESTS STREQUAL kind)
+        set(has_tests ON)
+    endif()
+    set(has_tests ${has_tests} PARENT_SCOPE)
+endfunction()
+
+# tamlo_test(NAME [PLAIN] SOURCES file... [LIBS target...]): one test program, its cases known to
+# ctest. PLAIN, or in a folder that sets tamlo_plain_tests: it runs as it is delivered, without the
+# sanitizers; the others make up the target sanitized_tests.
 function(tamlo_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "PLAIN" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gmock GTest::gtest_main tamlo_options)
-    gtest_discover_tests(${name} PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+    if(ARG_PLAIN OR tamlo_plain_tests)
+        tamlo_tests_are(plain)
+    else()
+        tamlo_tests_are(sanitized)
+        set_property(GLOBAL APPEND PROPERTY TAMLO_SANITIZED_TESTS ${name})
+    endif()
+    if(has_tests)
+        gtest_discover_tests(${name} PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+    else()
+        set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
+    endif()
 endfunction()
