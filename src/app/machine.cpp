@@ -217,10 +217,7 @@ Ending PlayFromPipe(SoundOutput& sound, const Story& story) {
     return {end, desktop.RestartWanted()};
 }
 
-/// The sound is opened before anything that takes time,
-/// so that it is awake when the first word comes.
-Ending Play(const std::string& sounds, const Story& story, const Introduction& introduction) {
-    SoundOutput sound(sounds);
+Ending PlayWherePossible(SoundOutput& sound, const Story& story, const Introduction& introduction) {
     const auto introduce = [&](Place::Front front) {
         if (introduction) introduction({front, sound});
     };
@@ -235,6 +232,20 @@ Ending Play(const std::string& sounds, const Story& story, const Introduction& i
     }
     introduce(Place::Front::pipe);
     return PlayFromPipe(sound, story);
+}
+
+/// The game has ended and is only put away. Who asks for the end once more must not break that off.
+void IgnoreEndSignals() {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_IGN);
+}
+
+/// The sound is opened before anything that takes time,
+/// so that it is awake when the first word comes.
+Ending Play(const std::string& sounds, const Story& story, const Introduction& introduction) {
+    SoundOutput sound(sounds);
+    const Ending ending = PlayWherePossible(sound, story, introduction);
+    if (!ending.restart) IgnoreEndSignals();
+    return ending;
 }
 
 void PrintLine(const std::string& line) {
