@@ -3,11 +3,14 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <functional>
+#include <stdexcept>
 #include <thread>
 
 #include "platform/system/programs.h"
 #include "platform/system/system_desktop.h"
+#include "platform/system/watched_run.h"
 #include "temporary_folder.h"
 
 namespace tamlo {
@@ -83,6 +86,20 @@ TEST(ProgramsTest, TheLauncherStartsFromTheCurrentDirectory) {
 TEST(ProgramsTest, KnowsItsOwnFolder) {
     EXPECT_EQ(ProgramPath(), fs::read_symlink("/proc/self/exe").string());
     EXPECT_TRUE(fs::exists(ProgramFolder() + "/" + fs::path(ProgramPath()).filename().string()));
+}
+
+TEST(WatchedRunTest, TellsHowTheProgramEnded) {
+    using std::chrono::seconds;
+    const auto sleep = [] { return ::pause(); };
+    const auto fail_aside = []() -> int {
+        std::thread([] { throw std::runtime_error("no room left"); }).join();
+        return 0;
+    };
+    EXPECT_EQ(RunWatched([] { return 7; }).status, 7);
+    EXPECT_EQ(RunWatched(sleep, seconds(0)).signal, SIGKILL);
+    const RunEnd fault = RunWatched(fail_aside);
+    EXPECT_EQ(fault.signal, SIGABRT);
+    EXPECT_EQ(fault.notes.substr(0, fault.notes.find('\n')), "no room left");
 }
 
 }  // namespace
