@@ -24,7 +24,8 @@ namespace {
 constexpr const char* default_caption = " Tamlo Delivery ";
 constexpr double longest_sleep = 0.25;  // s; a signal can slip in just before a sleep begins
 constexpr Uint32 focus_echo = 5;        // ms
-constexpr Uint64 painting_pause = 50;   // ms from one line painted to the next
+constexpr Uint64 painting_pause = 50;   // ms without a new line or a key, before lines are painted
+constexpr Uint64 longest_unseen = 500;  // ms; or after so long in any case
 
 /// Events that would only fill the queue while the game speaks and takes no turn.
 constexpr Uint32 unwanted_events[] = {
@@ -96,8 +97,9 @@ struct DesktopWindow::Impl {
     bool lost = false;      ///< another program has destroyed the window
     Uint32 focused_at = 0;  ///< time of the last focus, as of key events
     WindowPainter painter;
-    bool unpainted = false;  ///< there are lines to paint
-    Uint64 painted_at = 0;
+    bool unpainted = false;   ///< there are lines to paint
+    Uint64 unseen_since = 0;  ///< time of the first of them
+    Uint64 busy_at = 0;       ///< time of the last key or line
     std::function<void(bool)> tell_focus;
 
     ~Impl() {
@@ -113,14 +115,15 @@ struct DesktopWindow::Impl {
             painter.PaintMessage(window, shown_text);
         }
         unpainted = false;
-        painted_at = SDL_GetTicks64();
     }
 
-    /// Paints the lines that are due; for how many milliseconds the next must wait.
+    /// Paints the lines that are due; for how many milliseconds they have yet to wait. A key that
+    /// comes while they are painted is kept waiting, so that is not done between quick keys.
     Uint64 PaintDueLines() {
         if (!unpainted || (SDL_GetWindowFlags(window) & SDL_WINDOW_SHOWN) == 0) return 0;
-        const Uint64 passed = SDL_GetTicks64() - painted_at;
-        if (passed < painting_pause) return painting_pause - passed;
+        const Uint64 now = SDL_GetTicks64();
+        const Uint64 due = std::min(busy_at + painting_pause, unseen_since + longest_unseen);
+        if (now < due) return due - now;
         Paint();
         return 0;
     }
@@ -197,6 +200,7 @@ struct DesktopWindow::Impl {
         bool any = false;
         while (const auto key = NextKey()) {
             any = true;
+            busy_at = SDL_GetTicks64();
             listener.Form_KeyDown(key->code, key->modifiers);
         }
         return any;
@@ -260,6 +264,8 @@ void DesktopWindow::Pump() {
 
 void DesktopWindow::ShowLine(const std::string& line) {
     impl_->painter.AddLine(line);
+    impl_->busy_at = SDL_GetTicks64();
+    if (!impl_->unpainted) impl_->unseen_since = impl_->busy_at;
     impl_->unpainted = true;
 }
 
