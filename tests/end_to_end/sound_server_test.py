@@ -103,6 +103,20 @@ class TakenAway(Case):
     def test_pipewire(self):
         self.play(PipeWireServer)
 
+    def ends_without_an_answer(self, kind):
+        server, game = self.begin(kind)
+        self.skip_the_tune(game)
+        game.line("start game")
+        server.kill()
+        server.start()
+        self.heard_again(server)
+
+    def test_pulseaudio_ends_without_an_answer(self):
+        self.ends_without_an_answer(SoundServer)
+
+    def test_pipewire_ends_without_an_answer(self):
+        self.ends_without_an_answer(PipeWireServer)
+
     def test_no_voice(self):
         """The speech libraries are none; the sounds are heard, and the game goes on in print."""
         server = self.own(SoundServer(self.folder))
