@@ -3,13 +3,16 @@
 #include <time.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/voice/synthesizer.h"
+#include "platform/voice/voice_speech.h"
 #include "platform/voice/voices.h"
 #include "platform/voice/wording.h"
 
@@ -148,13 +151,47 @@ void TellPace(Synthesizer& voices, int voice) {
     std::printf("%2d  words a minute:", voice);
     for (int rate : {-10, -7, -5, -2, 0, 2, 5, 7, 10, 12, 15}) {
         const double seconds = Seconds(voices, voice, rate);
-        const double first = Seconds(voices, 0, rate);
+        const double first = voice == 0 ? seconds : Seconds(voices, 0, rate);
         std::printf("  %d: %.0f (%+.0f%%)", rate, Words() * 60 / seconds,
                     (first / seconds - 1) * 100);
     }
     const Heard heard = Hear(voices, {passages[4], 0, voice}, CLOCK_THREAD_CPUTIME_ID);
     std::printf("  level %.0f, peak %d\n",
                 std::sqrt(heard.energy / static_cast<double>(heard.end - heard.onset)), heard.peak);
+}
+
+/// Elapsed milliseconds from a purge in the middle of a long text to the next text's first sample,
+/// as the mixer gets it.
+void TellBreakingOff(int voice) {
+    VoiceSpeech speech;
+    const auto engine = speech.CreateEngine();
+    engine->SetVoice(voice);
+    engine->Speak("ready", SpeakFlags::queue);
+    std::string text;
+    for (const char* passage : passages) text.append(passage).append(" ");
+    std::vector<float> block(2 * 16);
+    std::vector<double> times;
+    auto pull = [&] {
+        speech.Stream().AddTo(block.data(), 16, true);
+        const bool sound = std::any_of(block.begin(), block.end(),
+                                       [](float sample) { return std::abs(sample) > 0.00316f; });
+        std::fill(block.begin(), block.end(), 0.0f);
+        return sound;
+    };
+    for (int i = 0; i < 40; ++i) {
+        engine->Speak(text, SpeakFlags::queue);
+        std::this_thread::sleep_for(std::chrono::microseconds(1000 * i));
+        engine->Speak("", SpeakFlags::purge);
+        for (int k = 0; k < 12; ++k) pull();  // what fades away
+        const double start = Now(CLOCK_MONOTONIC);
+        engine->Speak(" select ", SpeakFlags::queue);
+        while (!pull()) std::this_thread::sleep_for(std::chrono::microseconds(100));
+        times.push_back(Now(CLOCK_MONOTONIC) - start);
+        engine->Speak("", SpeakFlags::purge);
+    }
+    std::sort(times.begin(), times.end());
+    std::printf("%2d  broken off and said anew: %5.2f (max %5.2f)\n", voice,
+                times[times.size() / 2], times.back());
 }
 
 int Run() {
@@ -176,6 +213,8 @@ int Run() {
         for (int voice = first_flite; voice < count; ++voice)
             TellFirstSounds(*voices, voice, clock);
     }
+    TellBreakingOff(0);
+    for (int voice = first_flite; voice < count; ++voice) TellBreakingOff(voice);
     TellPace(*voices, 0);
     for (int voice = first_flite; voice < count; ++voice) TellPace(*voices, voice);
     return 0;
