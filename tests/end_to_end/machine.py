@@ -360,7 +360,8 @@ class Terminal:
 
     def ended(self, patience=PATIENCE):
         """Waits for the end; returns the exit status."""
-        wait_until(lambda: os.path.exists(os.path.join(self.folder, "ended")), "the end", patience)
+        wait_until(lambda: os.path.exists(os.path.join(self.folder, "ended")),
+                   f"the end after {self.printed()[-300:]!r}", patience)
         return int(self.noted("status"))
 
     def noted(self, name):
