@@ -196,7 +196,7 @@ class Disk(Ending):
 
 class Lost(Ending):
     def test_display_is_told_and_ends_the_game(self):
-        display, sound = Display(), self.own(SoundServer(self.folder))
+        display, sound = self.own(Display()), self.own(SoundServer(self.folder))
         game = self.start({**display.environment, **sound.environment})
         display.await_window()
         display.press("space")
