@@ -19,4 +19,4 @@ test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils pipe
 long_packages="clang-14 libclang-rt-14-dev valgrind"
 
 # Only packaging/packages and packaging/try ask for these.
-packing_packages="build-essential debhelper lintian debootstrap"
+packing_packages="build-essential debhelper lintian debootstrap piuparts"
