@@ -18,5 +18,8 @@ test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils pipe
 # Only `./test long` asks for these.
 long_packages="clang-14 libclang-rt-14-dev valgrind"
 
+# Only scripts/mutations asks for this.
+mutating_packages="ninja-build"
+
 # Only packaging/packages and packaging/try ask for these.
 packing_packages="build-essential debhelper lintian debootstrap piuparts"
