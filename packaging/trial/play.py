@@ -44,16 +44,17 @@ class Installed(Case):
         display = self.own(Display())
         game = self.own(Program(self.entry(), self.folder, cwd="/",
                                 environment={**display.environment, **NO_SOUND}))
+        display.await_window()
         self.to_the_first_corner(display, game)
 
     def test_3_a_bare_terminal_plays_to_the_road(self):
         terminal = self.own(Terminal(GAME, self.tools, {**NO_SOUND, "HOME": self.folder}))
+        terminal.line("[title tune]")
         self.to_the_first_corner(terminal, terminal)
         terminal.press("C-c")
-        terminal.ended(10)
+        self.assertEqual(terminal.ended(10), 0)
 
     def to_the_first_corner(self, keyboard, game):
-        time.sleep(1)
         keyboard.press("space")
         game.line("Tamlo Delivery. version 3.")
         game.line("start game")
