@@ -52,7 +52,14 @@ class RecordedDisk:
     def __exit__(self, *_):
         if self.device:
             subprocess.run(["losetup", "-d", self.device], check=False)
-        subprocess.run(["umount", self.folder], check=False)
+        # The system may take a moment to let go of the device.
+        for _ in range(100):
+            if subprocess.run(["umount", self.folder], capture_output=True).returncode == 0:
+                break
+            time.sleep(0.1)
+        else:
+            subprocess.run(["umount", "--lazy", self.folder], check=False)
+            self.server.kill()
         self.server.wait()
 
 
