@@ -89,9 +89,9 @@ TEST_F(OutputTest, TheClockTakesOverFromASilentCardAndKeepsTime) {
     // A delay is caught up with, an absence is not.
     const std::int64_t at_delay = tap_->Frames();
     due = clock.Turn(due + 200ms);
-    EXPECT_EQ(tap_->Frames() - at_delay, stream_rate * 225 / 1000);
-    clock.Turn(due + 2s);
     EXPECT_EQ(tap_->Frames() - at_delay, stream_rate * 250 / 1000);
+    clock.Turn(due + 2s);
+    EXPECT_EQ(tap_->Frames() - at_delay, stream_rate * 300 / 1000);
 }
 
 TEST_F(OutputTest, TheClockEndsAtOnceWhereverItIs) {

@@ -11,8 +11,8 @@ using namespace std::chrono_literals;
 constexpr auto patience_with_card = 500ms;
 constexpr auto watch_interval = 125ms;
 // Nobody listens: rarer wakes are worth more than the moment at which a sound is known to be over.
-constexpr auto block_time = 25ms;
-constexpr int block_frames = stream_rate / 40;
+constexpr auto block_time = 50ms;
+constexpr int block_frames = stream_rate / 20;
 // Further behind than this, the machine was asleep: the time is gone for the sounds as well.
 constexpr auto most_to_catch_up = 250ms;
 
