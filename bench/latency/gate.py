@@ -13,7 +13,7 @@ from programs import Game, Reference
 from recording import PulseAudio
 
 GAME, BENCH = sys.argv[1:3]
-TRIALS = 10
+TRIALS = 7
 ATTEMPTS = 3
 SMALLEST = 256   # frames of a block
 ALLOWANCE = 0.003  # seconds

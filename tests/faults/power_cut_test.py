@@ -13,6 +13,7 @@ root, since it mounts; skipped where it can't.
 
 import argparse
 import hashlib
+import itertools
 import os
 import pathlib
 import re
@@ -79,6 +80,7 @@ class RecordedDay:
 
     def __init__(self, day, options, work):
         self.day, self.options, self.work = day, options, work
+        self.numbers = itertools.count()
         self.started = set()  # what the player's folder held when the game was started on it
         self.image = work / "begin"
         make_image(self.image, day.begin)
@@ -124,7 +126,9 @@ class RecordedDay:
 
     def wrong_after(self, image, told):
         """What is wrong when the game starts on such a disk."""
-        cut = self.work / "cut"
+        # A file of its own: should the system still hold the last one's loop device, as for a name
+        # space that was made meanwhile, it would be mounted once more as it was.
+        cut = self.work / f"cut{next(self.numbers)}"
         cut.write_bytes(image)
         if (done := run("mount", "-o", "loop", cut, mounted(self.work))).returncode != 0:
             return ["it can't be mounted: " + done.stderr]
@@ -136,6 +140,7 @@ class RecordedDay:
             return [f"a file can't be read: {unreadable}"]
         finally:
             must("umount", documents)
+            cut.unlink()
 
     def wrong_files(self, found, told):
         before, after = self.day.before, self.day.after
