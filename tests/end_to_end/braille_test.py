@@ -46,6 +46,8 @@ class Brltty:
         self.display.sendall(b"cells 20 1\n")
         wait_until(lambda: os.path.exists(f"/var/lib/BrlAPI/{self.host[1:]}"), "BRLTTY's door")
         threading.Thread(target=self._read, args=[self.display.makefile()], daemon=True).start()
+        # Its door opens a moment before it lets anybody in.
+        wait_until(lambda: self.cells, "BRLTTY's own cells")
 
     def _read(self, lines):
         try:
@@ -56,7 +58,10 @@ class Brltty:
             pass
 
     def shows(self, text):
-        wait_until(lambda: self.cells == text.ljust(20), f"{text!r} in {self.cells!r}")
+        try:
+            wait_until(lambda: self.cells == text.ljust(20), repr(text))
+        except AssertionError as late:
+            raise AssertionError(f"{late}; shown: {self.cells!r}") from None
 
     def press(self, *commands):
         for command in commands:
