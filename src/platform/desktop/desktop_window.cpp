@@ -15,6 +15,7 @@
 #include "platform/desktop/end_signals.h"
 #include "platform/desktop/keys.h"
 #include "platform/desktop/window_painter.h"
+#include "platform/desktop/x_window.h"
 #include "platform/end_of_process.h"
 
 namespace tamlo {
@@ -241,7 +242,7 @@ DesktopWindow::DesktopWindow(std::unique_ptr<Impl> impl) : impl_(std::move(impl)
 DesktopWindow::~DesktopWindow() = default;
 
 void DesktopWindow::ShowWindow(const char* caption) {
-    SDL_SetWindowTitle(impl_->window, caption);
+    SetTitle(impl_->window, caption);
     SDL_ShowWindow(impl_->window);
     SDL_RaiseWindow(impl_->window);
     // Some desktops show a window, and give it keys, only once something is painted in it.

@@ -1,13 +1,13 @@
 // The two handlers that the X library lets a program put in place of its own.
 #include "platform/desktop/display_faults.h"
 
-#include <SDL2/SDL.h>
-#include <SDL2/SDL_syswm.h>
 #include <X11/Xlib.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
+
+#include "platform/desktop/x_window.h"
 
 namespace tamlo {
 
@@ -32,14 +32,6 @@ int LostConnection(Display*) {
 }
 
 }  // namespace
-
-unsigned long XWindowOf(SDL_Window* window) {
-    SDL_SysWMinfo info;
-    SDL_VERSION(&info.version);
-    if (SDL_GetWindowWMInfo(window, &info) == SDL_FALSE || info.subsystem != SDL_SYSWM_X11)
-        return 0;
-    return info.info.x11.window;
-}
 
 void WatchForDisplayFaults(SDL_Window* window, bool& lost) {
     own_window = XWindowOf(window);

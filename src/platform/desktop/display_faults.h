@@ -7,9 +7,6 @@ struct SDL_Window;
 
 namespace tamlo {
 
-/// The number of a window on an X display, 0 on displays of another kind.
-unsigned long XWindowOf(SDL_Window* window);
-
 /// From now on a request refused because another program has destroyed our window ends nothing by
 /// itself, but sets `lost`, which must outlive the window; the window may then not be touched
 /// again, not even to close it. A lost connection (the display itself has gone) ends the process,
