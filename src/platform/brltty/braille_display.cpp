@@ -27,7 +27,9 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds pause_between_tries = 3s;
-constexpr std::chrono::milliseconds pause_when_refused = 60s;
+/// Each refusal doubles the pause: it may last, and BRLTTY writes it into its log; but a BRLTTY
+/// that has just been started lets nobody in for a moment.
+constexpr std::chrono::milliseconds longest_pause = 60s;
 constexpr auto pause_between_keys = 60ms;  // a turn of the game keeps only the last key
 constexpr auto patience = 300ms;           // of the game with the display
 
@@ -74,8 +76,12 @@ class BrailleDisplay::Reader {
     Reader(Mailbox& box, const BrlapiLibrary& library) : box_(box), library_(library) {}
 
     void Run() {
+        auto pause = pause_between_tries;
         while (TakeNews()) {
-            Rest(ServeOnce() ? pause_between_tries : pause_when_refused);
+            const bool refused = !ServeOnce();
+            if (!refused) pause = pause_between_tries;
+            Rest(pause);
+            if (refused) pause = std::min(2 * pause, longest_pause);
         }
     }
 
