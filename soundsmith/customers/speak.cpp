@@ -6,7 +6,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdint>
@@ -77,26 +76,13 @@ std::string OutputOf(const std::vector<std::string>& command) {
     return bytes;
 }
 
-/// What the command says twice. On a busy machine espeak-ng has been seen to vary a voice a little,
-/// never the same way again; the set has to be the same wherever it is made.
-std::string AgreedOutputOf(const std::vector<std::string>& command) {
-    constexpr int kMostTries = 20;
-    std::vector<std::string> outputs;
-    for (int i = 0; i < kMostTries; ++i) {
-        std::string output = OutputOf(command);
-        if (std::find(outputs.begin(), outputs.end(), output) != outputs.end()) return output;
-        outputs.push_back(std::move(output));
-    }
-    throw std::runtime_error("the voice " + command[2] + " never says the same");
-}
-
 }  // namespace
 
 Sound Speak(const Customer& customer) {
     const std::string bytes =
-        AgreedOutputOf({CUSTOMER_VOICE, std::string(customer.engine), std::string(customer.voice),
-                        std::to_string(customer.pitch), std::to_string(customer.pace),
-                        std::string(customer.greeting)});
+        OutputOf({CUSTOMER_VOICE, std::string(customer.engine), std::string(customer.voice),
+                  std::to_string(customer.pitch), std::to_string(customer.pace),
+                  std::string(customer.greeting)});
     std::int32_t rate = 0;  // the output: the rate, then 16-bit samples
     if (bytes.size() <= sizeof rate) throw std::runtime_error("the voice said nothing");
     std::memcpy(&rate, bytes.data(), sizeof rate);
