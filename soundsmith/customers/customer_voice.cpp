@@ -19,10 +19,11 @@ cst_voice* register_cmu_us_awb(const char*);
 cst_voice* register_cmu_us_kal16(const char*);
 }
 
-/// espeak-ng connects to a sound server when it is readied, though it only gives samples. On the way
-/// the server's library looks for a folder of the user's; where there is none, it invents a name by
-/// rand(), from which the breath of both engines comes as well: the voice would be another one. The
-/// engine finds this function before that of its sound library, and leaves the server alone.
+/// espeak-ng connects to a sound server when it is readied, though it only gives samples. On the
+/// way the server's library looks for a folder of the user's; where there is none, it invents a
+/// name by rand(), from which the breath of both engines comes as well: the voice would be another
+/// one. The engine finds this function before that of its sound library, and leaves the server
+/// alone.
 extern "C" [[gnu::visibility("default")]] void* create_audio_device_object(const char*, const char*,
                                                                            const char*) {
     return nullptr;
