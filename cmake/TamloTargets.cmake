@@ -10,6 +10,12 @@ set(TAMLO_GAME_DIR ${PROJECT_BINARY_DIR}/game)
 set(TAMLO_TOOLS_DIR ${PROJECT_BINARY_DIR}/tools)
 set(TAMLO_BENCH_DIR ${PROJECT_BINARY_DIR}/bench)
 
+# Seconds until a test counts as hanging, on a machine that has a lot else to do.
+set(tamlo_patience 300)
+if(TAMLO_SANITIZE)
+    set(tamlo_patience 900)
+endif()
+
 # Whom a player reaches with questions: spoken in the instructions and the failure messages.
 set(TAMLO_CONTACT_NAME "the makers of Tamlo Delivery" CACHE STRING "Contact name in failure messages")
 set(TAMLO_CONTACT_EMAIL "help@tamlo.example" CACHE STRING "E-mail address in the instructions")
@@ -63,7 +69,7 @@ function(tamlo_test name)
         set_property(GLOBAL APPEND PROPERTY TAMLO_SANITIZED_TESTS ${name})
     endif()
     if(has_tests)
-        gtest_discover_tests(${name} PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+        gtest_discover_tests(${name} PROPERTIES TIMEOUT ${tamlo_patience} DISCOVERY_TIMEOUT 60)
     else()
         set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
     endif()

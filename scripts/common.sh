@@ -97,10 +97,10 @@ need() {
     run "Installing what is missing" install.log install_packages $absent
 }
 
-# build WHAT [TARGET]: builds the default preset, or one target of it.
+# build WHAT PRESET [TARGET]: builds a preset, or one target of it.
 build() {
-    run "Preparing to build" build.log cmake --preset default || return
-    run "$1" build.log cmake --build --preset default ${2:+--target "$2"}
+    run "Preparing to build" build.log cmake --preset "$2" || return
+    run "$1" build.log cmake --build --preset "$2" ${3:+--target "$3"}
 }
 
 # prepare: enters the project's folder, alone. A second ./play or ./test waits for the first.
