@@ -6,15 +6,10 @@
 #include <cerrno>
 
 #include "platform/brltty/brlapi_keys.h"
+#include "platform/system/library_function.h"
 
 namespace tamlo {
 namespace {
-
-template <class Function>
-bool Find(void* library, const char* name, Function& function) {
-    function = reinterpret_cast<Function>(::dlsym(library, name));
-    return function != nullptr;
-}
 
 /// The library's own handler would end the process.
 void BRLAPI_STDCALL IgnoreException(brlapi_handle_t*, int, brlapi_packetType_t, const void*,
@@ -28,19 +23,22 @@ std::optional<BrlapiLibrary> LoadBrlapi() {
     void* const library = ::dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) return std::nullopt;
     BrlapiLibrary found{};
-    const bool whole = Find(library, "brlapi_getHandleSize", found.handle_size) &&
-                       Find(library, "brlapi_error_location", found.error) &&
-                       Find(library, "brlapi__setExceptionHandler", found.set_exception_handler) &&
-                       Find(library, "brlapi__openConnection", found.open) &&
-                       Find(library, "brlapi__closeConnection", found.close) &&
-                       Find(library, "brlapi__getDisplaySize", found.display_size) &&
-                       Find(library, "brlapi__enterTtyMode", found.enter_tty) &&
-                       Find(library, "brlapi__enterTtyModeWithPath", found.enter_tty_with_path) &&
-                       Find(library, "brlapi__leaveTtyMode", found.leave_tty) &&
-                       Find(library, "brlapi__ignoreKeys", found.ignore_keys) &&
-                       Find(library, "brlapi__acceptKeys", found.accept_keys) &&
-                       Find(library, "brlapi__write", found.write) &&
-                       Find(library, "brlapi__readKey", found.read_key);
+    const auto find = [library](const char* name, auto& function) {
+        return FindFunction(library, name, function);
+    };
+    const bool whole = find("brlapi_getHandleSize", found.handle_size) &&
+                       find("brlapi_error_location", found.error) &&
+                       find("brlapi__setExceptionHandler", found.set_exception_handler) &&
+                       find("brlapi__openConnection", found.open) &&
+                       find("brlapi__closeConnection", found.close) &&
+                       find("brlapi__getDisplaySize", found.display_size) &&
+                       find("brlapi__enterTtyMode", found.enter_tty) &&
+                       find("brlapi__enterTtyModeWithPath", found.enter_tty_with_path) &&
+                       find("brlapi__leaveTtyMode", found.leave_tty) &&
+                       find("brlapi__ignoreKeys", found.ignore_keys) &&
+                       find("brlapi__acceptKeys", found.accept_keys) &&
+                       find("brlapi__write", found.write) &&
+                       find("brlapi__readKey", found.read_key);
     if (!whole) return std::nullopt;
     return found;
 }

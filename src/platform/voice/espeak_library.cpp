@@ -15,6 +15,8 @@
 #include <mutex>
 #include <string>
 
+#include "platform/system/library_function.h"
+
 /// The library connects to the sound server when it is readied, though it is to give us samples
 /// only, and a server that hangs would hold it up. It finds this function, which every program with
 /// a voice exports, before that of its sound library, and goes on without.
@@ -61,21 +63,15 @@ void* LoadAgain(void* loaded) {
     return dlopen(("/proc/self/fd/" + std::to_string(memory)).c_str(), RTLD_NOW | RTLD_LOCAL);
 }
 
-template <class Function>
-bool Find(void* handle, const char* name, Function*& function) {
-    function = reinterpret_cast<Function*>(dlsym(handle, name));
-    return function != nullptr;
-}
-
 bool FindAll(void* handle, EspeakLibrary& library) {
-    return Find(handle, "espeak_Initialize", library.Initialize) &&
-           Find(handle, "espeak_Info", library.Info) &&
-           Find(handle, "espeak_SetVoiceByName", library.SetVoiceByName) &&
-           Find(handle, "espeak_SetParameter", library.SetParameter) &&
-           Find(handle, "espeak_SetSynthCallback", library.SetSynthCallback) &&
-           Find(handle, "espeak_Synth", library.Synth) &&
-           Find(handle, "espeak_Char", library.Char) &&
-           Find(handle, "espeak_TextToPhonemes", library.TextToPhonemes);
+    return FindFunction(handle, "espeak_Initialize", library.Initialize) &&
+           FindFunction(handle, "espeak_Info", library.Info) &&
+           FindFunction(handle, "espeak_SetVoiceByName", library.SetVoiceByName) &&
+           FindFunction(handle, "espeak_SetParameter", library.SetParameter) &&
+           FindFunction(handle, "espeak_SetSynthCallback", library.SetSynthCallback) &&
+           FindFunction(handle, "espeak_Synth", library.Synth) &&
+           FindFunction(handle, "espeak_Char", library.Char) &&
+           FindFunction(handle, "espeak_TextToPhonemes", library.TextToPhonemes);
 }
 
 bool Load(Copy& copy) {

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/system/library_function.h"
 #include "platform/voice/flite_library.h"
 #include "platform/voice/flite_vocoder.h"
 #include "platform/voice/sentences.h"
@@ -93,9 +94,8 @@ FliteModel* FliteVoices::Load(int place) {
     const std::filesystem::path file = library_.Folder() / FileName(*voice);
     LibraryHandle handle(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL));
     if (!handle) return nullptr;
-    using Register = cst_voice*(const char*);
-    auto* const make = reinterpret_cast<Register*>(
-        dlsym(handle.get(), (std::string("register_") + voice->name).c_str()));
+    cst_voice* (*make)(const char*) = nullptr;
+    FindFunction(handle.get(), (std::string("register_") + voice->name).c_str(), make);
     cst_voice* const made = make != nullptr ? make(nullptr) : nullptr;
     if (made == nullptr) return nullptr;
     static_cast<void>(handle.release());

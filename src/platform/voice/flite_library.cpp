@@ -2,7 +2,7 @@
 
 #include <dlfcn.h>
 
-#include <type_traits>
+#include "platform/system/library_function.h"
 
 namespace tamlo {
 
@@ -15,9 +15,7 @@ FliteLibrary::FliteLibrary(const char* name) {
     if (!handle) return;
     complete = true;
     auto find = [this, &handle](auto& function, const char* symbol) {
-        function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
-            dlsym(handle.get(), symbol));
-        complete = complete && function != nullptr;
+        complete = FindFunction(handle.get(), symbol, function) && complete;
     };
 #define TAMLO_FIND(function) find(function, #function)
     TAMLO_FIND(flite_init);
