@@ -58,6 +58,31 @@ TEST_F(MixerTest, VolumeAndPanAreExactInEachEar) {
     }
 }
 
+TEST_F(MixerTest, WhatNobodyHearsGoesOnExactlyAndFadesInWhenItIsHeard) {
+    const auto loop = LoadTone(700, 22050, 5000, 0.8F);
+    const auto begin = [&] {
+        loop->SetFrequency(22050);
+        loop->SetCurrentPosition(0);
+        loop->Play(PlayMode::looping);
+        Listen(100);
+        loop->SetFrequency(31861);  // glides
+    };
+    begin();
+    Listen(48000);
+    const Heard listened = Listen(1000);
+    loop->Stop();
+    Listen(256);
+
+    const auto short_one = LoadTone(500, 22050, 2205, 0.8F);
+    short_one->Play(PlayMode::once);
+    begin();
+    mixer_.Pass(48000);
+    EXPECT_EQ(short_one->GetStatus(), 0);
+    const Heard passed = Listen(1000);
+    EXPECT_EQ(passed.left[0], 0);
+    for (int i = 72; i < 1000; ++i) ASSERT_EQ(passed.left[i], listened.left[i]) << i;
+}
+
 TEST_F(MixerTest, BothChannelsOfAStereoFileAreHeardInTheirEars) {
     std::vector<float> both;
     const std::vector<float> left = Tone(500, 22050, 22050);

@@ -63,7 +63,7 @@ void CardStream::Fill(float* stereo, int frames) {
     last_block_ = now;
 
     if (connected_) {
-        tap_->Pull(Output::card, stereo, frames);
+        tap_->Pull(stereo, frames);
     } else {
         std::fill_n(stereo, 2 * frames, 0.0F);
     }

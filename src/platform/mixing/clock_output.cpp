@@ -1,8 +1,6 @@
 // The clock's thread: watches over the card, and pulls in its place.
 #include "platform/mixing/clock_output.h"
 
-#include <array>
-
 namespace tamlo {
 namespace {
 
@@ -28,10 +26,7 @@ ClockPulls::Time ClockPulls::Turn(Time now) {
         return now + watch_interval;
     }
     if (!next_block_ || now - *next_block_ > most_to_catch_up) next_block_ = now;
-    std::array<float, 2 * block_frames> unheard;
-    for (; *next_block_ <= now; *next_block_ += block_time) {
-        tap_->Pull(Output::clock, unheard.data(), block_frames);
-    }
+    for (; *next_block_ <= now; *next_block_ += block_time) tap_->Pass(block_frames);
     return *next_block_;
 }
 

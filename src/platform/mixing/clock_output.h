@@ -1,4 +1,4 @@
-// An output for when there is no sound card: takes the stream in exact real time and drops it.
+// An output for when there is no sound card: lets the stream's time pass, exactly.
 #pragma once
 
 #include <chrono>
@@ -21,7 +21,7 @@ class ClockPulls {
 
     explicit ClockPulls(std::shared_ptr<Tap> tap) : tap_(std::move(tap)) {}
 
-    /// Looks after the card, and takes the blocks that are due. When to come again.
+    /// Looks after the card, and lets the blocks pass that are due. When to come again.
     Time Turn(Time now);
 
   private:

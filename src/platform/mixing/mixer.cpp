@@ -92,6 +92,28 @@ void Mixer::Mix(float* stereo, int frames, bool heard) noexcept {
         stereo += 2 * piece;
         frames -= piece;
     }
+    NoteProgress();
+}
+
+void Mixer::Pass(int frames) noexcept {
+    Obey();
+    const std::unique_lock lock(sources_mutex_, std::try_to_lock);
+    for (int left = lock ? frames : 0; left > 0; left -= longest_piece) {
+        std::array<float, 2 * longest_piece> unheard{};
+        AddSources(unheard.data(), std::min(left, longest_piece), false);
+    }
+    Track* next = nullptr;
+    for (Track* sound = playing_; sound != nullptr; sound = next) {
+        next = sound->next_;
+        PassOver(*sound, frames);
+    }
+    left_ = {};
+    right_ = {};
+    limiter_ = {};
+    NoteProgress();
+}
+
+void Mixer::NoteProgress() noexcept {
     for (Track* sound = playing_; sound != nullptr; sound = sound->next_) {
         sound->reached.store(sound->head_.Position() >> fixed_bits, std::memory_order_relaxed);
     }
@@ -188,9 +210,18 @@ void Mixer::MixSound(Track& sound, int frames) noexcept {
     const int playable = sound.head_.FramesLeft(frames);
     sound.head_.Render(interpolate_, left_.data(), right_.data(), playable);
     if (!sound.head_.AtEnd()) return;
-
     // What the interpolation still makes of the last samples fades out behind the end.
     AddTail(sound.head_, playable);
+    End(sound);
+}
+
+void Mixer::PassOver(Track& sound, int frames) noexcept {
+    sound.head_.Pass(sound.head_.FramesLeft(frames));
+    sound.untouched_ = true;
+    if (sound.head_.AtEnd()) End(sound);
+}
+
+void Mixer::End(Track& sound) noexcept {
     TakeOut(sound);
     sound.head_.SetPosition(0);
     sound.reached.store(0, std::memory_order_relaxed);

@@ -55,6 +55,9 @@ class Mixer {
     /// Writes the next `frames` frames to `stereo`. Allocates nothing, frees nothing, waits for
     /// nothing. Sources are told whether the block is heard.
     void Mix(float* stereo, int frames, bool heard = true) noexcept;
+    /// Lets the time of `frames` frames pass that nobody hears: all moves on as with Mix, but the
+    /// sounds are not made. When they are heard again, they fade in.
+    void Pass(int frames) noexcept;
 
     /// The source is pulled with every block from now on, until Detach has returned.
     void Attach(Source& source);
@@ -103,6 +106,9 @@ class Mixer {
     void AddTail(const Playhead& head, int from) noexcept;
     void MixPiece(float* stereo, int frames) noexcept;
     void MixSound(Track& sound, int frames) noexcept;
+    void PassOver(Track& sound, int frames) noexcept;
+    void End(Track& sound) noexcept;
+    void NoteProgress() noexcept;
     void AddSources(float* stereo, int frames, bool heard) noexcept;
 
     Interpolator interpolate_;

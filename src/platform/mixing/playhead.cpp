@@ -86,33 +86,48 @@ int Playhead::FramesLeft(int limit) const {
 
 void Playhead::Render(Interpolator interpolate, float* left, float* right, int frames) {
     while (frames > 0) {
-        int piece = frames;
-        if (gain_glide_ > 0) piece = std::min(piece, gain_glide_);
-        if (step_glide_ > 0) piece = std::min(piece, step_glide_);
+        const int piece = LengthOfPiece(frames);
         RenderPiece(interpolate, left, right, piece);
+        MoveOn(piece);
         left += piece;
         right += piece;
         frames -= piece;
     }
 }
 
-void Playhead::RenderPiece(Interpolator interpolate, float* left, float* right, int frames) {
+void Playhead::Pass(int frames) {
+    while (frames > 0) {
+        const int piece = LengthOfPiece(frames);
+        MoveOn(piece);
+        frames -= piece;
+    }
+}
+
+/// A glide ends with a piece.
+int Playhead::LengthOfPiece(int frames) const {
+    if (gain_glide_ > 0) frames = std::min(frames, gain_glide_);
+    if (step_glide_ > 0) frames = std::min(frames, step_glide_);
+    return frames;
+}
+
+void Playhead::RenderPiece(Interpolator interpolate, float* left, float* right, int frames) const {
     const std::int64_t first = (walk_.position >> fixed_bits) - sinc_before;
     const std::int64_t highest_step = std::max(walk_.step, target_step_);
     const auto count = static_cast<int>((highest_step * frames) >> fixed_bits) + sinc_span + 1;
     std::array<float, window_size> window;
     std::array<float, longest_piece> values;
-    Walk walk = walk_;
     for (int channel = 0; channel < wave_->channels; ++channel) {
         Gather(first, count, channel, window.data());
-        walk = walk_;
+        Walk walk = walk_;
         walk.position -= first * fixed_one;
         interpolate(window.data(), walk, frames, values.data());
         if (channel == 0) left_.Add(values.data(), frames, left);
         if (channel == wave_->channels - 1) right_.Add(values.data(), frames, right);
     }
-    walk_ = walk;
-    walk_.position += first * fixed_one;
+}
+
+void Playhead::MoveOn(int frames) {
+    walk_.Pass(frames);
     if (looping_) walk_.position %= wave_->Frames() * fixed_one;
 
     const bool step_arrived = step_glide_ <= frames;

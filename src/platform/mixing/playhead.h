@@ -45,6 +45,8 @@ class Playhead {
     /// Adds the next frames, at most longest_piece, and moves on. Beyond the ends of a sound
     /// played once there is silence.
     void Render(Interpolator interpolate, float* left, float* right, int frames);
+    /// Moves on as Render does, for frames that nobody hears; there may be any number of them.
+    void Pass(int frames);
 
   private:
     struct Glide {
@@ -57,7 +59,9 @@ class Playhead {
         void Add(const float* values, int frames, float* out) const;
     };
 
-    void RenderPiece(Interpolator interpolate, float* left, float* right, int frames);
+    int LengthOfPiece(int frames) const;
+    void RenderPiece(Interpolator interpolate, float* left, float* right, int frames) const;
+    void MoveOn(int frames);
     void Gather(std::int64_t first, int count, int channel, float* out) const;
     void Copy(std::int64_t first, int count, int channel, float* out) const;
 

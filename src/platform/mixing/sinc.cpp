@@ -125,10 +125,10 @@ struct Halfway {
         const std::int64_t room = (capacity - around - 1) * fixed_one;
         if (highest > 0)
             frames = static_cast<int>(std::clamp<std::int64_t>(room / highest, 1, frames));
-        const std::int64_t last =
-            walk.position + walk.step * (frames - 1) + walk.slope * (frames - 1) * (frames - 2) / 2;
+        Walk last = walk;
+        last.Pass(frames - 1);
         first = (walk.position >> fixed_bits) + points_first;
-        count = static_cast<int>((last >> fixed_bits) + points_first - first) + around;
+        count = static_cast<int>((last.position >> fixed_bits) + points_first - first) + around;
         return frames;
     }
 };
@@ -239,13 +239,15 @@ void WalkPortable(const Table& table, const float* samples, const Halfway& halfw
     given = walk;
 }
 
-void InterpolatePortable(const float* samples, Walk& walk, int frames, float* out) {
+/// An interpolator of the two steps as one kind of instructions takes them.
+template <auto& Fill, auto& WalkAlong>
+void Interpolate(const float* samples, Walk& walk, int frames, float* out) {
     const Table& table = KernelTable();
     Halfway halfway;
     while (frames > 0) {
         const int piece = halfway.Reserve(walk, frames);
-        FillPortable(table, samples, halfway);
-        WalkPortable(table, samples, halfway, walk, piece, out);
+        Fill(table, samples, halfway);
+        WalkAlong(table, samples, halfway, walk, piece, out);
         out += piece;
         frames -= piece;
     }
@@ -314,18 +316,6 @@ TAMLO_AVX2 void WalkAvx2(const Table& table, const float* samples, const Halfway
     WalkPortable(table, samples, halfway, given, frames, out);
 }
 
-TAMLO_AVX2 void InterpolateAvx2(const float* samples, Walk& walk, int frames, float* out) {
-    const Table& table = KernelTable();
-    Halfway halfway;
-    while (frames > 0) {
-        const int piece = halfway.Reserve(walk, frames);
-        FillAvx2(table, samples, halfway);
-        WalkAvx2(table, samples, halfway, walk, piece, out);
-        out += piece;
-        frames -= piece;
-    }
-}
-
 #endif
 
 }  // namespace
@@ -344,10 +334,10 @@ Instructions BestInstructions() {
 Interpolator SelectInterpolator(Instructions instructions) {
     KernelTable();
 #if defined(__x86_64__)
-    if (instructions == Instructions::avx2) return InterpolateAvx2;
+    if (instructions == Instructions::avx2) return Interpolate<FillAvx2, WalkAvx2>;
 #endif
     static_cast<void>(instructions);
-    return InterpolatePortable;
+    return Interpolate<FillPortable, WalkPortable>;
 }
 
 Resampler::Resampler(int rate) : interpolate_(SelectInterpolator(BestInstructions())) {

@@ -26,6 +26,12 @@ struct Walk {
     std::int64_t position = 0;
     std::int64_t step = fixed_one;
     std::int64_t slope = 0;  ///< added to the step after every frame
+
+    /// Goes so many frames on.
+    void Pass(std::int64_t frames) {
+        position += step * frames + slope * (frames * (frames - 1) / 2);
+        step += slope * frames;
+    }
 };
 
 /// Makes the next `frames` values of a walk and leaves the walk behind them. For every point p on

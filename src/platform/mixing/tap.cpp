@@ -18,15 +18,32 @@ Tap::Nanoseconds Tap::Now() {
     return std::chrono::steady_clock::now().time_since_epoch();
 }
 
-void Tap::Pull(Output output, float* stereo, int frames) noexcept {
-    if (output == Output::card) NoteCardPull();
-    const std::unique_lock lock(pulling_, std::try_to_lock);
-    if (!lock || mixer_ == nullptr || in_charge_ != output) {
+void Tap::Pull(float* stereo, int frames) noexcept {
+    NoteCardPull();
+    const auto turn = TurnOf(Output::card);
+    if (!turn) {
         std::fill_n(stereo, 2 * frames, 0.0F);
         return;
     }
-    const bool unheard = unheard_.exchange(false);
-    mixer_->Mix(stereo, frames, output == Output::card && !unheard);
+    mixer_->Mix(stereo, frames, !unheard_.exchange(false));
+    Count(frames);
+}
+
+void Tap::Pass(int frames) noexcept {
+    const auto turn = TurnOf(Output::clock);
+    if (!turn) return;
+    unheard_ = false;  // the sources are told right now
+    mixer_->Pass(frames);
+    Count(frames);
+}
+
+std::unique_lock<std::mutex> Tap::TurnOf(Output output) noexcept {
+    std::unique_lock lock(pulling_, std::try_to_lock);
+    if (lock && (mixer_ == nullptr || in_charge_ != output)) lock.unlock();
+    return lock;
+}
+
+void Tap::Count(int frames) noexcept {
     frames_.fetch_add(frames, std::memory_order_relaxed);
     quiet_.store(mixer_->FramesOfQuiet(), std::memory_order_relaxed);
 }

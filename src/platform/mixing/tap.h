@@ -11,15 +11,18 @@ namespace tamlo {
 
 enum class Output { card, clock };
 
-/// Lets one output at a time pull the mixer. The card is in charge at first. Whoever is not gets
-/// silence, so that a card that wakes up again cannot pull the stream twice as fast.
+/// Lets one output at a time move the mixer on. The card is in charge at first. If it is not, it
+/// gets silence, so that a card that wakes up again cannot pull the stream twice as fast.
 class Tap {
   public:
     explicit Tap(Mixer& mixer);
 
-    /// Fills the block. Real-time safe, as Mixer::Mix is.
-    void Pull(Output output, float* stereo, int frames) noexcept;
-    /// Everyone gets silence from now on; the mixer is no longer used once this has returned.
+    /// Fills the card's block. Real-time safe, as Mixer::Mix is.
+    void Pull(float* stereo, int frames) noexcept;
+    /// For the clock: lets the time of so many frames pass. Nothing if it is not in charge.
+    void Pass(int frames) noexcept;
+    /// The card gets silence from now on, and no time passes; the mixer is no longer used once this
+    /// has returned.
     void Close();
 
     /// For when the card is known to be gone. It takes over again by itself as soon as it pulls
@@ -32,7 +35,7 @@ class Tap {
     /// Time at that moment since the card last pulled, in charge or not; since the start if it
     /// never has.
     std::chrono::milliseconds CardSilence(std::chrono::steady_clock::time_point now) const;
-    /// Frames taken from the mixer so far.
+    /// Frames taken from the mixer or passed so far.
     std::int64_t Frames() const { return frames_; }
     /// See Mixer::FramesOfQuiet.
     std::int64_t FramesOfQuiet() const { return quiet_; }
@@ -42,6 +45,9 @@ class Tap {
 
     static Nanoseconds Now();
     void NoteCardPull() noexcept;
+    /// The right to use the mixer, empty if it is not this output's turn.
+    std::unique_lock<std::mutex> TurnOf(Output output) noexcept;
+    void Count(int frames) noexcept;
 
     Mixer* mixer_;
     std::mutex pulling_;  ///< the audio threads only try it
