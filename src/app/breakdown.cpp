@@ -61,6 +61,7 @@ void Speak(const std::string& text) {
     RunWatched(
         [&] {
             SoundOutput sound("");
+            sound.AwaitOpening();
             // Without a card the print has to do; nobody needs to wait.
             if (!sound.Audible()) return 0;
             VoiceSpeech voice;

@@ -219,6 +219,7 @@ Ending PlayFromPipe(SoundOutput& sound, const Story& story) {
 
 Ending PlayWherePossible(SoundOutput& sound, const Story& story, const Introduction& introduction) {
     const auto introduce = [&](Place::Front front) {
+        sound.AwaitOpening();
         if (introduction) introduction({front, sound});
     };
     std::string why_no_window;
@@ -239,8 +240,8 @@ void IgnoreEndSignals() {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_IGN);
 }
 
-/// The sound is opened before anything that takes time,
-/// so that it is awake when the first word comes.
+/// The sound is opened before anything that takes time, and a window meanwhile, so that it is awake
+/// when the first word comes.
 Ending Play(const std::string& sounds, const Story& story, const Introduction& introduction) {
     SoundOutput sound(sounds);
     const Ending ending = PlayWherePossible(sound, story, introduction);

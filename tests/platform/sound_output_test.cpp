@@ -30,6 +30,7 @@ TEST_P(SoundOutputTest, PlaysASoundToItsEnd) {
     const WaveFolder folder;
     folder.Write("quarter", WaveBytes(8000, 1, Tone(500, 8000, 2000)));
     SoundOutput output(folder.Path());
+    output.AwaitOpening();
     testing::internal::CaptureStderr();
     const auto device = output.Sound().CreateDevice();
     const auto sound = device->CreateBufferFromFile("quarter", {});
@@ -67,6 +68,7 @@ class SoundCardTest : public SoundOutputTest {};
 TEST_P(SoundCardTest, TakesLargerBlocksAfterLateOnesOnceNothingIsSpoken) {
     Stumbling voice;
     SoundOutput output("");
+    output.AwaitOpening();
     output.Attach(voice);
     bool always_audible = true;
     const auto eventually = [&](const auto& happens) {

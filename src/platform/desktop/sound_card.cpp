@@ -224,11 +224,14 @@ SoundCard::SoundCard(std::shared_ptr<Tap> tap, std::function<bool()> may_interru
     AskForRealTime();
     // The thread shares the keeper, so that it can be left behind in a driver that hangs.
     std::thread([keeper = keeper_] { keeper->Run(); }).detach();
-    keeper_->AwaitFirstOpening();
 }
 
 SoundCard::~SoundCard() {
     keeper_->End();
+}
+
+void SoundCard::AwaitOpening() const {
+    keeper_->AwaitFirstOpening();
 }
 
 CardReport SoundCard::Report() const {

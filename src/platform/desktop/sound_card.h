@@ -19,17 +19,19 @@ struct CardReport {
 
 class SoundCard {
   public:
-    /// Opens the default card and has it pull the tap. Returns with the first block, when there is
-    /// no card, or after a second and a half, whichever is first. No window is needed, but no
-    /// other thread may be using SDL meanwhile. A card that comes, goes or changes later is
-    /// followed. `may_interrupt` is asked, on another thread, whether the stream may pause for a
-    /// moment: for the change to larger blocks after late ones.
+    /// Begins to open the default card, which is to pull the tap. No window is needed, but one may
+    /// be opened meanwhile. A card that comes, goes or changes later is followed. `may_interrupt`
+    /// is asked, on another thread, whether the stream may pause for a moment: for the change to
+    /// larger blocks after late ones.
     SoundCard(std::shared_ptr<Tap> tap, std::function<bool()> may_interrupt);
     /// Leaves behind a driver that does not answer.
     ~SoundCard();
     SoundCard(const SoundCard&) = delete;
     SoundCard& operator=(const SoundCard&) = delete;
 
+    /// Returns with the first block, when there is no card, or after a second and a half, whichever
+    /// is first.
+    void AwaitOpening() const;
     /// May be asked on any thread.
     CardReport Report() const;
 

@@ -16,13 +16,16 @@ namespace tamlo {
 /// stops, so that no first syllable is lost.
 class SoundOutput {
   public:
-    /// `sounds_folder` is where the wave files lie. Takes as long as the sound server needs to
-    /// answer (some 20 ms), at most about a second and a half.
+    /// `sounds_folder` is where the wave files lie. Begins to open the card.
     explicit SoundOutput(std::string sounds_folder);
     /// Buffers must be gone and sources detached.
     ~SoundOutput();
     SoundOutput(const SoundOutput&) = delete;
     SoundOutput& operator=(const SoundOutput&) = delete;
+
+    /// Until then the beginning of a sound may be lost. Takes as long as the sound server needs to
+    /// answer (some 20 ms), at most about a second and a half.
+    void AwaitOpening() const { card_.AwaitOpening(); }
 
     SoundSystem& Sound() { return sound_; }
     /// For the voice: see Mixer.
