@@ -9,7 +9,7 @@ namespace {
 
 /// So many phones at once: few at first, so that they are heard soon.
 constexpr std::size_t first_phones = 4;
-constexpr std::size_t more_phones = 7;
+constexpr std::size_t more_phones = 5;
 /// How many on either side a phone is coloured by.
 constexpr std::size_t context = 2;
 constexpr double guessed_length = 0.085;
