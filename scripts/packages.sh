@@ -22,4 +22,4 @@ long_packages="clang-14 libclang-rt-14-dev valgrind"
 mutating_packages="ninja-build"
 
 # Only packaging/packages and packaging/try ask for these.
-packing_packages="build-essential debhelper lintian debootstrap piuparts"
+packing_packages="build-essential debhelper lintian mmdebstrap piuparts"
