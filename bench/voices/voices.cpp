@@ -7,7 +7,9 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -15,6 +17,7 @@
 #include "platform/voice/voice_speech.h"
 #include "platform/voice/voices.h"
 #include "platform/voice/wording.h"
+#include "prompts.h"
 
 namespace tamlo {
 namespace {
@@ -22,42 +25,11 @@ namespace {
 constexpr int audible = 103;  // -50 dB of full scale
 constexpr int first_flite = static_cast<int>(voice_table.size());
 
-constexpr const char* menu_texts[] = {
+/// What answers a player's keys, beside the prompts.
+constexpr std::string_view answers[] = {
     " select ",
-    " start game ",
-    " reed instructions ",
-    " reed special key instructions ",
-    " change voice ",
-    " adjust rate of speech ",
-    " adjust volume ",
-    " choose gender ",
-    " delete saved game ",
-    " create city streets file ",
-    " edit city streets file ",
-    " delete city streets file ",
-    " exit game ",
-    " return to the game ",
-    " return to the main menu. ",
-    " deliver tamlo ",
-    " quit for the day ",
-    " check cash ",
-    " options menu ",
-    " turn left, west ",
-    " turn right, east ",
-    " go forward ",
-    " turn left ",
-    " turn right ",
-    " yes ",
-    " no ",
-    " female ",
-    " male ",
     " louder ",
     " quieter ",
-    " maximum ",
-    " minimum ",
-    " use the up and down arrow keys to raise and lower the volume of the voice. "
-    "  Press enter when you have the volume set the way that you want it. ",
-    "do you wish to use this voice",
     " press y for yes and n for no ",
     " You are at the corner of Lovelace Street and Willow Road. ",
     " 3 tamlos with extra cheese, mushrooms and green pepper to the corner of Elm and Apple. ",
@@ -133,18 +105,21 @@ int Words() {
 void TellFirstSounds(Synthesizer& voices, int voice, clockid_t clock) {
     std::vector<double> firsts;
     double gap = 0;
-    const char* slowest = "";
-    for (const char* text : menu_texts) {
+    std::string_view slowest;
+    const auto measure = [&](std::string_view text) {
         const Heard heard = Hear(voices, {WithSpokenAmounts(text), 0, voice}, clock);
         if (firsts.empty() || heard.first > *std::max_element(firsts.begin(), firsts.end())) {
-            slowest = text;
+            slowest = text.substr(0, 40);
         }
         firsts.push_back(heard.first);
         gap = std::max(gap, heard.gap);
-    }
+    };
+    std::for_each(prompts.begin(), prompts.end(), measure);
+    std::for_each(std::begin(answers), std::end(answers), measure);
     std::sort(firsts.begin(), firsts.end());
-    std::printf("%2d  first sound %5.2f (max %5.2f, min %5.2f), longest step %5.2f  \"%.40s\"\n",
-                voice, firsts[firsts.size() / 2], firsts.back(), firsts.front(), gap, slowest);
+    std::printf("%2d  first sound %5.2f (max %5.2f, min %5.2f), longest step %5.2f  \"%s\"\n",
+                voice, firsts[firsts.size() / 2], firsts.back(), firsts.front(), gap,
+                std::string(slowest).c_str());
 }
 
 void TellPace(Synthesizer& voices, int voice) {
