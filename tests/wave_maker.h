@@ -1,4 +1,4 @@
-// Makes plain wave files of a given length.
+// Makes wave files, whole or chunk by chunk.
 #pragma once
 
 #include <cstdint>
@@ -23,14 +23,15 @@ inline std::string Chunk(std::string_view id, std::string_view content) {
     return bytes;
 }
 
-/// The content of a format chunk: uncompressed sound.
-inline std::string WaveFormat(int channels, int rate, int bits) {
-    const int frame_bytes = channels * bits / 8;
-    return LittleEndian(1, 2) + LittleEndian(static_cast<std::uint32_t>(channels), 2) +
-           LittleEndian(static_cast<std::uint32_t>(rate), 4) +
-           LittleEndian(static_cast<std::uint32_t>(rate * frame_bytes), 4) +
-           LittleEndian(static_cast<std::uint32_t>(frame_bytes), 2) +
-           LittleEndian(static_cast<std::uint32_t>(bits), 2);
+/// The chunk that tells the format: uncompressed, unless `kind` says otherwise.
+inline std::string FormatChunk(int channels, int rate, int bits, int kind = 1) {
+    const auto frame = static_cast<std::uint32_t>(channels * bits / 8);
+    const auto frames = static_cast<std::uint32_t>(rate);
+    return Chunk("fmt ", LittleEndian(static_cast<std::uint32_t>(kind), 2) +
+                             LittleEndian(static_cast<std::uint32_t>(channels), 2) +
+                             LittleEndian(frames, 4) + LittleEndian(frames * frame, 4) +
+                             LittleEndian(frame, 2) +
+                             LittleEndian(static_cast<std::uint32_t>(bits), 2));
 }
 
 /// A whole file of these chunks.
@@ -40,7 +41,7 @@ inline std::string WaveFile(std::string_view chunks) {
 
 /// A mono 16-bit file of so many frames of silence.
 inline std::string SilentWave(int rate, int frames) {
-    return WaveFile(Chunk("fmt ", WaveFormat(1, rate, 16)) +
+    return WaveFile(FormatChunk(1, rate, 16) +
                     Chunk("data", std::string(2 * static_cast<std::size_t>(frames), '\0')));
 }
 

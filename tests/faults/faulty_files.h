@@ -27,7 +27,7 @@ struct FileOperation {
 };
 
 /// Counts the operations on paths that hold `folder`; the others always work.
-class FaultyFiles final : public Files {
+class FaultyFiles : public Files {
   public:
     /// `at` counts from 0; below 0 nothing fails. `away` is where a folder that goes is put.
     FaultyFiles(std::string folder, FaultKind kind, int at, std::string away)

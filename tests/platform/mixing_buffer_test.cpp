@@ -54,8 +54,8 @@ TEST_F(BufferTest, RestsBetweenWholeAndPlayedPart) {
 }
 
 TEST_F(BufferTest, ASoundWithoutAFileIsOverAtOnce) {
-    folder_.Write("damaged", "RIFFxxxxWAVEfmt ");
-    folder_.Write("empty", WaveBytes(22050, 1, {}));
+    folder_.Write("damaged.wav", "RIFFxxxxWAVEfmt ");
+    folder_.Write("empty.wav", WaveBytes(22050, 1, {}));
     for (const char* name : {"missing", "damaged", "empty", "../missing", "."}) {
         const auto sound = Load(name);
         sound->SetCurrentPosition(100);
@@ -71,7 +71,7 @@ TEST_F(BufferTest, ASoundWithoutAFileIsOverAtOnce) {
         sound->Stop();
     }
     EXPECT_EQ(Peak(Listen(512).left), 0);
-    folder_.Write("missing", WaveBytes(22050, 1, Tone(500, 22050, 2000)));
+    folder_.Write("missing.wav", WaveBytes(22050, 1, Tone(500, 22050, 2000)));
     const auto found = Load("missing");
     found->Play(PlayMode::once);
     EXPECT_EQ(found->GetStatus(), status_playing) << "the file may have come meanwhile";
@@ -79,7 +79,7 @@ TEST_F(BufferTest, ASoundWithoutAFileIsOverAtOnce) {
 
 TEST_F(BufferTest, BuffersOfOneFileAreIndependentAndOutliveIt) {
     auto first = LoadTone(500, 22050, 22050, 0.4F);
-    folder_.Write("sound1", "gone");
+    folder_.Write("sound1.wav", "gone");
     const auto second = Load("sound1");
     second->SetFrequency(44100);
     first->Play(PlayMode::once);

@@ -12,6 +12,7 @@
 #include "platform/mixing/mixed_sound.h"
 #include "platform/mixing/mixer.h"
 #include "platform/mixing_signals.h"
+#include "temporary_folder.h"
 
 namespace tamlo {
 
@@ -33,7 +34,7 @@ class MixerTest : public testing::Test {
     std::unique_ptr<SoundBuffer> LoadValues(int rate, int channels,
                                             const std::vector<float>& values) {
         const std::string name = "sound" + std::to_string(++sounds_);
-        folder_.Write(name, WaveBytes(rate, channels, values));
+        folder_.Write(name + ".wav", WaveBytes(rate, channels, values));
         return Load(name);
     }
 
@@ -55,7 +56,7 @@ class MixerTest : public testing::Test {
         return heard;
     }
 
-    WaveFolder folder_;
+    TemporaryFolder folder_;
     Mixer mixer_;
     MixedSoundSystem system_{mixer_, folder_.Path()};
     std::unique_ptr<SoundDevice> device_ = system_.CreateDevice();

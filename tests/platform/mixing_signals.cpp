@@ -1,13 +1,10 @@
 // How the test signals are made and measured.
 #include "platform/mixing_signals.h"
 
-#include <stdlib.h>
-
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <numbers>
-#include <stdexcept>
+
+#include "wave_maker.h"
 
 namespace tamlo {
 
@@ -41,50 +38,12 @@ ToneFit FitTone(const std::vector<float>& signal, double frequency) {
     return {20 * std::log10(std::hypot(a, b)), 10 * std::log10(wanted / noise)};
 }
 
-std::string Number(std::uint32_t value, int bytes) {
-    std::string number;
-    for (int i = 0; i < bytes; ++i) number.push_back(static_cast<char>(value >> (8 * i)));
-    return number;
-}
-
-std::string Chunk(const std::string& id, const std::string& content) {
-    const auto size = static_cast<std::uint32_t>(content.size());
-    return id + Number(size, 4) + content + std::string(size % 2, '\0');
-}
-
-std::string FormatChunk(int channels, int rate, int bits, int kind) {
-    const auto frame = static_cast<std::uint32_t>(channels * bits / 8);
-    const auto samples = static_cast<std::uint32_t>(rate);
-    return Chunk("fmt ", Number(static_cast<std::uint32_t>(kind), 2) +
-                             Number(static_cast<std::uint32_t>(channels), 2) + Number(samples, 4) +
-                             Number(samples * frame, 4) + Number(frame, 2) +
-                             Number(static_cast<std::uint32_t>(bits), 2));
-}
-
-std::string Riff(const std::string& chunks) {
-    return Chunk("RIFF", "WAVE" + chunks);
-}
-
 std::string WaveBytes(int rate, int channels, const std::vector<float>& values) {
     std::string data;
     for (const float value : values) {
-        data += Number(static_cast<std::uint32_t>(std::lrint(value * 32767)), 2);
+        data += LittleEndian(static_cast<std::uint32_t>(std::lrint(value * 32767)), 2);
     }
-    return Riff(FormatChunk(channels, rate, 16) + Chunk("data", data));
-}
-
-WaveFolder::WaveFolder() {
-    path_ = (std::filesystem::temp_directory_path() / "tamlo-waves-XXXXXX").string();
-    if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no temporary folder");
-}
-
-WaveFolder::~WaveFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
-void WaveFolder::Write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path_ + "/" + name + ".wav", std::ios::binary) << bytes;
+    return WaveFile(FormatChunk(channels, rate, 16) + Chunk("data", data));
 }
 
 }  // namespace tamlo

@@ -118,7 +118,7 @@ TEST(RehearsalScript, RefusesWhatIsWrongWithItsLine) {
 }
 
 TEST(WaveLength, IsReadFromTheHeader) {
-    const std::string format = Chunk("fmt ", WaveFormat(1, 22050, 16));
+    const std::string format = FormatChunk(1, 22050, 16);
     const std::string data = Chunk("data", std::string(200, 'x'));
     const auto Frames = [](const std::string& bytes) -> std::int64_t {
         std::istringstream file(bytes);
@@ -132,8 +132,8 @@ TEST(WaveLength, IsReadFromTheHeader) {
     };
     const Case cases[] = {
         {"plain", WaveFile(format + data), 100},
-        {"stereo", WaveFile(Chunk("fmt ", WaveFormat(2, 22050, 16)) + data), 50},
-        {"8 bits", WaveFile(Chunk("fmt ", WaveFormat(1, 8000, 8)) + data), 200},
+        {"stereo", WaveFile(FormatChunk(2, 22050, 16) + data), 50},
+        {"8 bits", WaveFile(FormatChunk(1, 8000, 8) + data), 200},
         {"odd unknown chunks", WaveFile(Chunk("JUNK", "abc") + format + Chunk("LIST", "d") + data),
          100},
         {"cut off", WaveFile(format + data).substr(0, 20 + 24 + 99), 49},
@@ -142,8 +142,8 @@ TEST(WaveLength, IsReadFromTheHeader) {
         {"format behind the data", WaveFile(data + format), -1},
         {"no data", WaveFile(format), -1},
         {"short format", WaveFile(Chunk("fmt ", "ab") + data), -1},
-        {"24 bits", WaveFile(Chunk("fmt ", WaveFormat(1, 22050, 24)) + data), -1},
-        {"too slow", WaveFile(Chunk("fmt ", WaveFormat(1, 99, 16)) + data), -1},
+        {"24 bits", WaveFile(FormatChunk(1, 22050, 24) + data), -1},
+        {"too slow", WaveFile(FormatChunk(1, 99, 16) + data), -1},
         {"chunk beyond the end", WaveFile(format + "JUNK\xFF\xFF\xFF\xFFxx"), -1},
         {"no wave file", "RIFF....AVI ", -1},
         {"empty", "", -1},

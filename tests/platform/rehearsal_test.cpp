@@ -109,27 +109,6 @@ TEST(Rehearsal, KeepsALoopsPlaceAndEndsAtTheFirstTurnBehind) {
     EXPECT_THAT(left, ElementsAre(0.75, 0, 1 / 8000.0, 0, 1));
 }
 
-TEST(Rehearsal, WritesTheDesktop) {
-    const auto performance = Rehearse("", [](FakeGame& game) {
-        Desktop& desktop = game.platform.desktop;
-        EXPECT_EQ(desktop.SpecialFolder(documents_folder), "/home/me/Documents");
-        EXPECT_EQ(desktop.SpecialFolder(6), "");
-        desktop.Beep();
-        desktop.MessageBox("Sorry\rbut");
-        desktop.StartEditor("/home/me/Documents\\tolvane\\streets.txt");
-        desktop.StartEditor("/home/me/elsewhere.txt");
-        desktop.StartLauncher("/cwd/zentrope.exe");
-        desktop.StartGame();
-        throw EndOfProcess{};
-    });
-    EXPECT_THAT(performance.Events(),
-                ElementsAre("engine", "beep", "message \"Sorry\\rbut\"",
-                            "start editor \"tolvane/streets.txt\"",
-                            "start editor \"/home/me/elsewhere.txt\"",
-                            "start launcher \"zentrope.exe\"", "start game \"tamlo\"", "end"));
-    EXPECT_EQ(performance.exit_status, 0);
-}
-
 TEST(Rehearsal, NothingFollowsTheLastLine) {
     const Play play = [](FakeGame& game) {
         game.Load("tune");
@@ -218,32 +197,6 @@ TEST(Rehearsal, PressesUponSpeechAndSound) {
     EXPECT_EQ(performance.Events().back(), "rest");
 }
 
-TEST(Rehearsal, SetsShowsAndDraws) {
-    std::vector<double> draws;
-    const Play play = [&](FakeGame& game) {
-        game.platform.random.Seed(5);
-        for (int i = 0; i < 3; ++i) draws.push_back(game.platform.random.Next());
-        game.WaitForKey();
-        draws.push_back(game.platform.random.Next());
-        game.fields["cash"] += "0";
-        game.WaitForKey();
-    };
-    const auto performance = Rehearse(
-        "draw 0.25 0.5\n"
-        "set cash 17\n"
-        "show cash plast\n"
-        "press enter\n"
-        "draw 0.75\n"
-        "show cash\n",
-        play);
-    EXPECT_EQ(draws[0], 0.25);
-    EXPECT_EQ(draws[1], 0.5);
-    EXPECT_EQ(draws[3], 0.75);
-    EXPECT_THAT(performance.Events(),
-                ElementsAre("engine", "state cash=17 plast=1", "key 13", "state cash=170", "rest"));
-    EXPECT_EQ(performance.Shown("cash"), "170");
-}
-
 TEST(Rehearsal, DrawsUnevenlyButAlwaysTheSame) {
     std::vector<double> draws;
     const Play play = [&](FakeGame& game) {
@@ -278,20 +231,6 @@ TEST(Rehearsal, ClockCrossesMidnightAndTheLeapDay) {
         game.Say(std::string(61 * 20, 'x'));
         EXPECT_EQ(clock.Now().minute * 100 + clock.Now().second, 101);
     });
-}
-
-TEST(Rehearsal, WithoutVoicesUtterancesTakeNoTime) {
-    const auto performance = Rehearse("voices 0\nupon \"hear\" a", [](FakeGame& game) {
-        EXPECT_EQ(game.voice->GetVoicesCount(), 0);
-        game.voice->SetVoice(0);
-        game.Say("hear");
-        game.Queue("me");
-        game.WaitForSpeech();
-        game.WaitForKey();
-        throw EndOfProcess{};
-    });
-    EXPECT_EQ(performance.trace,
-              "0.000 engine\n0.000 say \"hear\"\n0.000 say2 \"me\"\n0.100 key 65\n0.100 end\n");
 }
 
 TEST(Rehearsal, GivesUpAfterAnHourInVain) {
@@ -354,17 +293,6 @@ TEST(Rehearsal, LongTurnsGiveTheSameTraceAsSingleOnes) {
     const auto restless = Rehearse(script, play, false);
     EXPECT_EQ(patient.trace, restless.trace);
     EXPECT_GT(patient.lines.size(), 200U);
-}
-
-TEST(Rehearsal, ALongCareerTakesAMoment) {
-    const auto start = std::chrono::steady_clock::now();
-    const auto performance = Rehearse("after 50000000 escape", [](FakeGame& game) {
-        game.Load("tune");
-        game.sound->Play(PlayMode::looping);
-        while (game.key != 27) game.Wait(500);
-    });
-    EXPECT_DOUBLE_EQ(performance.TimeOf("key 27"), 50'000'000);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds{20});
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "platform/mixing_signals.h"
+#include "temporary_folder.h"
 
 namespace tamlo {
 namespace {
@@ -27,8 +28,8 @@ class SoundOutputTest : public testing::TestWithParam<const char*> {
 };
 
 TEST_P(SoundOutputTest, PlaysASoundToItsEnd) {
-    const WaveFolder folder;
-    folder.Write("quarter", WaveBytes(8000, 1, Tone(500, 8000, 2000)));
+    const TemporaryFolder folder;
+    folder.Write("quarter.wav", WaveBytes(8000, 1, Tone(500, 8000, 2000)));
     SoundOutput output(folder.Path());
     output.AwaitOpening();
     testing::internal::CaptureStderr();
