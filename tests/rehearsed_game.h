@@ -73,6 +73,7 @@ class RehearsedGame {
     Files* files = &disk;               ///< a test may put a faulty disk in between
     std::string sounds = TAMLO_SOUNDS;  ///< the set built with the project
     std::string current_directory = sounds;
+    bool has_documents = true;
 
   private:
     static Script Parse(std::string_view text) {
@@ -85,7 +86,8 @@ class RehearsedGame {
 
     void RunTo(Performance& performance, Script script, const Improviser& improviser,
                const std::function<void(Form1&)>& act) {
-        Rehearsal rehearsal(std::move(script), {documents.Path(), sounds, current_directory},
+        Rehearsal rehearsal(std::move(script),
+                            {has_documents ? documents.Path() : "", sounds, current_directory},
                             *files, [&](std::string_view lines) { performance.trace += lines; });
         Platform services = rehearsal.Services();
         ListeningSpeech speech(services.speech);

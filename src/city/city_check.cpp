@@ -73,9 +73,7 @@ void CheckName(const StreetField& field, int number, bool first_of_line, const P
                Findings& findings) {
     const std::string line = "Line " + std::to_string(field.line) + ", " + PlaceOfName(number);
     const std::size_t characters = CountCharacters(field.name);
-    const auto control = [](char c) {
-        return (static_cast<unsigned char>(c) < ' ' && c != '\r' && c != '\n') || c == 127;
-    };
+    const auto control = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; };
     if (Folded(field.name).empty()) {
         findings.push_back({Weight::error, line + ", has no name."});
     } else if (field.name.find_first_of("\r\n") != field.name.npos) {

@@ -120,9 +120,8 @@ void TellCareer(Form1& form) {
     const std::string money = "You have " + gs.tp5 + ".";
     form.logline(money);
     form.say(money);
-    const Vehicle* vehicle = VehicleOf(gs.plast);
     const std::string driving =
-        "You are driving the tamlo vorrel " + std::string(vehicle ? vehicle->short_name : "") + ".";
+        "You are driving the tamlo vorrel " + std::string(VehicleOf(gs.plast)->short_name) + ".";
     form.say(driving);
     form.logline(driving);
 }

@@ -57,7 +57,11 @@ TEST(CityCheck, TellsWhatIsWrongAndWhere) {
         {With(3, "\"Sycamore"), "goes on over the end of its line"},
         {With(3, std::string(41, 'x')), "has 41 characters, and is heard"},
         {With(3, std::string(201, 'x')), "has 201 characters, of which 200 are spoken"},
+        {With(9, "\" redwood \""), "E Line 9: road 9 has the name of road 5"},
+        {With(9, "red  wood") + "last", "H Line 148, \"last\""},
         {With(3, "Beech\tHill"), "holds a control character"},
+        {With(3, "Beech\x7FHill"), "\"Beech Hill\", holds a control character"},
+        {With(3, "\"Beech\rHill\""), "goes on over the end of its line"},
         {With(3, "Rue Lib\xE9rale"), "H The text is not UTF-8"},
         {With(147, "Last\nMore"), "H Line 148, \"More\", and what follows stand behind"},
         {With(4, "Spruce\x1A"), "E A byte 26 ends the file"},
@@ -69,6 +73,7 @@ TEST(CityCheck, TellsWhatIsWrongAndWhere) {
     }
     EXPECT_THAT(Told(Lines(GoodCity())), IsEmpty());
     EXPECT_THAT(Told(Lines(GoodCity()) + "\n\n"), IsEmpty());
+    EXPECT_THAT(Told(Lines(GoodCity()) + "\x1A"), IsEmpty());
     EXPECT_THAT(Told(With(3, "\"Sycamore, old\"")), IsEmpty());
     Names few = GoodCity();
     few.resize(140);

@@ -47,6 +47,8 @@ TEST(StreetsFile, FieldsAreReadAsPlayersWriteThem) {
         {"\xEF\xBB\xBFOak", {"Oak"}},
         {"", {}},
         {"\r\n", {""}},
+        {"Oak\r", {"Oak"}},
+        {"Oak\n  ", {"Oak", ""}},
         {"\"\"\r\n", {""}},
     };
     for (const auto& c : cases) EXPECT_EQ(ReadStreetNames(c.text), c.names) << c.text;
@@ -68,7 +70,8 @@ TEST(StreetsFile, OnlyTheFirst147NamesAreKeptAndNoneIsEndless) {
 TEST(StreetsFile, NamesOfCitiesThatCanNameAFile) {
     EXPECT_EQ(StreetsFileName("original"), "tamlostreets.txt");
     EXPECT_EQ(StreetsFileName("New York"), "tamlostreetsNew York.txt");
-    for (const char* name : {"Paris", "New York", "Z\u00FCrich", "a", "st.john", "\u00BE"}) {
+    for (const char* name :
+         {"Paris", "New York", "Z\u00FCrich", "a", "st.john", "\u00BE", "a\xC2"}) {
         EXPECT_TRUE(UsableCityName(name)) << name;
     }
     for (const std::string& name :

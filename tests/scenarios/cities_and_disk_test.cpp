@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "faults/faulty_files.h"
 #include "rehearsed_game.h"
 #include "store/saved_game.h"
 
@@ -9,46 +10,12 @@ namespace tamlo {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using Texts = std::vector<std::string>;
 
-/// A disk on which chosen files can't be written, removed or renamed.
-class StubbornFiles final : public Files {
-  public:
-    explicit StubbornFiles(std::string stubborn) : stubborn_(std::move(stubborn)) {}
-    bool stuck = true;
-
-    std::string FindFile(const std::string& path) override { return disk_.FindFile(path); }
-    std::string FindFolder(const std::string& path) override { return disk_.FindFolder(path); }
-    std::vector<std::string> List(const std::string& folder, std::string_view pattern) override {
-        return disk_.List(folder, pattern);
-    }
-    std::optional<std::uint64_t> Length(const std::string& path) override {
-        return disk_.Length(path);
-    }
-    ReadResult Read(const std::string& path) override { return disk_.Read(path); }
-    bool Replace(const std::string& path, std::string_view bytes) override {
-        return !Stuck(path) && disk_.Replace(path, bytes);
-    }
-    bool Append(const std::string& path, std::string_view bytes) override {
-        return !Stuck(path) && disk_.Append(path, bytes);
-    }
-    bool Delete(const std::string& path) override { return !Stuck(path) && disk_.Delete(path); }
-    bool Rename(const std::string& from, const std::string& to) override {
-        return !Stuck(from) && disk_.Rename(from, to);
-    }
-    bool MakeFolder(const std::string& path) override {
-        return !Stuck(path) && disk_.MakeFolder(path);
-    }
-    std::string CurrentDirectory() override { return disk_.CurrentDirectory(); }
-
-  private:
-    bool Stuck(const std::string& path) const {
-        return stuck && path.find(stubborn_) != std::string::npos;
-    }
-
-    DiskFiles disk_;
-    std::string stubborn_;
+/// A disk on which the files that hold a text in their path can't be written, removed or renamed.
+struct StubbornFiles : FaultyFiles {
+    explicit StubbornFiles(const std::string& text)
+        : FaultyFiles(text, FaultKind::unwritable, 0, "") {}
 };
 
 std::string StreetsOf(const std::string& city, int names = 147) {
@@ -58,34 +25,7 @@ std::string StreetsOf(const std::string& city, int names = 147) {
 }
 
 const std::string create = "press up up up up enter ";
-const std::string edit = "press up up up enter ";
 const std::string remove_city = "press up up enter ";
-
-TEST(Cities, AreCreatedAsACopyAndTheMenuGoesOnAtEdit) {
-    RehearsedGame game;
-    const auto run = game.Run(create + "shift o s l o enter enter q");
-    const auto spoken = run.Spoken();
-    const auto done = std::find(spoken.begin(), spoken.end(),
-                                " Your Oslo file has been created.  The actuall file name in "
-                                "Documents Tolvane folder is, tamlo streets Oslo dot txt ");
-    ASSERT_GE(spoken.end() - done, 6);
-    EXPECT_THAT(Texts(done + 1, done + 6), ElementsAre(" select ", " edit city streets file ", "q",
-                                                       " select ", " start game "));
-    EXPECT_EQ(game.Content("tamlostreetsOslo.txt"), game.Content("tamlostreets.txt"));
-    EXPECT_THAT(game.Content("tamlostreets.txt"), testing::StartsWith("Willow\r\nWalnut\r\n"));
-    EXPECT_THAT(game.Content("tamlostreets.txt"),
-                HasSubstr("\r\nVolkswagon\r\nFifty First Street\r\nFiftieth Street\r\n"));
-    EXPECT_THAT(game.Content("tamlostreets.txt"), testing::EndsWith("\r\nFifty First Avenue\r\n"));
-}
-
-TEST(Cities, NamesAreAskedForAgainOrGivenUp) {
-    RehearsedGame other;
-    const auto empty = other.Run(create + "enter enter space a enter enter o k enter n");
-    EXPECT_EQ(empty.Count(" I 'm sorry, but that name can not be used for a file. "), 2);
-    EXPECT_EQ(empty.Count(" Enter the name of your city "), 3);
-    EXPECT_EQ(empty.Spoken().back(), " start game ");
-    EXPECT_FALSE(other.Has("tamlostreetsok.txt"));
-}
 
 TEST(Cities, AreReplacedOnlyWhenThePlayerSaysSo) {
     RehearsedGame game;
@@ -135,32 +75,19 @@ TEST(Cities, TooShortOrGoneGiveTheDefaultNames) {
     EXPECT_EQ(run.Events("state").at(0), "state sok=1 nsnames(102)=\"Oslo147\"");
 }
 
-TEST(Cities, AreEditedAndDeleted) {
-    RehearsedGame game;
-    game.Write("tamlostreetsOslo.txt", "mine\r\n");
-    const auto edited = game.Run(edit + "o enter space");
-    EXPECT_THAT(edited.Events("start"),
-                ElementsAre("start editor \"tolvane/tamlostreetsOslo.txt\""));
-    EXPECT_TRUE(edited.Heard(" After saving your file and exiting Note Pad, press the space bar "));
-    EXPECT_EQ(edited.Spoken().back(), " start game ");
-    const auto kept = game.Run(remove_city + "o enter enter");
-    EXPECT_TRUE(kept.Heard(" Do you wish to delete the Oslo city streets file? "));
-    EXPECT_TRUE(game.Has("tamlostreetsOslo.txt"));
-    const auto deleted = game.Run(remove_city + "o enter down enter");
-    EXPECT_TRUE(deleted.Heard(" The Oslo city streets file has been deleted. "));
-    EXPECT_FALSE(game.Has("tamlostreetsOslo.txt"));
-    game.Run(remove_city + "enter down enter");
-    EXPECT_FALSE(game.Has("tamlostreets.txt"));
-    game.Run("press enter");
-    EXPECT_TRUE(game.Has("tamlostreets.txt"));
-}
-
 TEST(DataFolder, IsFoundWhateverItsLettersAndElseTheCurrentDirectoryServes) {
     RehearsedGame game;
     game.documents.Write("TolVane/tamlo.cfg", " 1\r\n 2\r\n");
     const auto run = game.Run("show nv vr");
     EXPECT_EQ(run.Events("state").at(0), "state nv=1 vr=2");
     EXPECT_FALSE(game.documents.Has("tolvane"));
+
+    TemporaryFolder here;
+    std::filesystem::copy(game.sounds, here.Path());
+    game.current_directory = here.Path();
+    game.has_documents = false;
+    game.Run("press down down down down down down enter down enter");
+    EXPECT_EQ(here.Content("tamlo.cfg"), " 0\r\n 0\r\n 100\r\n 0\r\n 2\r\n");
 }
 
 TEST(StubbornDisk, IsToldOnceBehindTheTitleAndTheGameGoesOn) {
@@ -193,36 +120,58 @@ TEST(StubbornDisk, LeavesTheDayAsItWasWhenTheGameCanNotBeSaved) {
     EXPECT_EQ(game.Content("tamlo.sav"), old);
 }
 
-TEST(StubbornDisk, WhatCanNotBePutAsideIsNeverWrittenOver) {
-    RehearsedGame game;
-    game.Write("tamlo.sav", "scribble");
-    StubbornFiles files("tamlo.sav");
-    game.files = &files;
-    const auto run = game.Run(
-        "press enter\nset p2d 0\npress enter 3 5 right enter 3 5 right enter 3 5 right enter 3 5\n"
-        "press down enter");
-    EXPECT_TRUE(
-        run.Heard(" I 'm sorry, but the saved game can not be understood. A new game "
-                  "begins. "));
-    EXPECT_TRUE(run.Heard(" I 'm sorry, but the game could not be saved. "));
-    EXPECT_EQ(game.Content("tamlo.sav"), "scribble");
-}
-
-TEST(StubbornDisk, CitiesThatCanNotBeMadeOrDeletedAreTold) {
-    RehearsedGame game;
-    game.Write("tamlostreetsOslo.txt", StreetsOf("Oslo"));
-    StubbornFiles files("Oslo");
-    game.files = &files;
-    const auto created = game.Run(create + "shift o s l o enter enter up enter");
-    EXPECT_TRUE(created.Heard(" I 'm sorry, but the Oslo file could not be created. "));
-    EXPECT_FALSE(created.Heard("has been created"));
-    EXPECT_EQ(created.Spoken().back(), " start game ");
-    const auto deleted = game.Run(remove_city + "o enter up enter");
-    EXPECT_TRUE(
-        deleted.Heard(" I 'm sorry, but the Oslo city streets file could not be deleted. "));
-    EXPECT_FALSE(deleted.Heard("has been deleted"));
-    EXPECT_EQ(deleted.Spoken().back(), " start game ");
-    EXPECT_EQ(game.Content("tamlostreetsOslo.txt"), StreetsOf("Oslo"));
+TEST(StubbornDisk, WhatCanNotBeDoneIsToldAndNotHalfDone) {
+    const std::string saved = EncodeSavedGame({7, 1, 1, 2, 3, 4});
+    const std::string oslo = StreetsOf("Oslo");
+    const std::string win =
+        "press enter enter 3 5\nset p2d 0\nset ordx(1) -1\nset roy 24\nset roz 1\nset cash 2001\n"
+        "press enter enter\npress a enter enter";
+    const struct {
+        std::string file, content, script;
+        Texts sorry;
+    } cases[] = {
+        {"tamlo.sav",
+         "scribble",
+         "set firsttrip 2\npress enter down enter",
+         {"the saved game can not be understood. A new game begins. ",
+          "the game could not be saved. "}},
+        {"tamlo.rec",
+         "scribble",
+         win,
+         {"the old record can not be understood. ", "the record could not be saved. "}},
+        {"tamlo.sav", saved, win, {"the saved game could not be deleted. "}},
+        {"tamlo.sav",
+         saved,
+         "press enter enter 3 5 escape up enter",
+         {"the saved game could not be deleted. "}},
+        {"tamlo.sav",
+         saved,
+         "press down down down down down down down enter up enter",
+         {"the saved game could not be deleted. "}},
+        {"tamlostreetsOslo.txt",
+         oslo,
+         create + "shift o s l o enter enter up enter",
+         {"the Oslo file could not be created. "}},
+        {"tamlostreetsOslo.txt",
+         oslo,
+         remove_city + "o enter up enter",
+         {"the Oslo city streets file could not be deleted. "}},
+    };
+    for (const auto& c : cases) {
+        RehearsedGame game;
+        game.Write(c.file, c.content);
+        StubbornFiles files(c.file);
+        game.files = &files;
+        const auto run = game.Run(c.script);
+        Texts sorry;
+        for (const std::string& text : run.Spoken()) {
+            constexpr std::string_view start = " I 'm sorry, but ";
+            if (text.starts_with(start)) sorry.push_back(text.substr(start.size()));
+        }
+        EXPECT_EQ(sorry, c.sorry) << run.trace;
+        EXPECT_FALSE(run.Heard("has been")) << run.trace;
+        EXPECT_EQ(game.Content(c.file), c.content) << c.script;
+    }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Menus, questions, typing and the dialogs of the settings, key by key.
+// Keys, typing and questions; the menus themselves are in pages/.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,37 +9,7 @@ namespace tamlo {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using Texts = std::vector<std::string>;
-
-/// What is spoken behind the opening of the main menu.
-Texts SpokenInMenu(const std::string& script, RehearsedGame&& game = {}) {
-    const Texts all = game.Run(script).Spoken();
-    const auto menu = std::find(all.begin(), all.end(), " start game ");
-    return menu == all.end() ? Texts{"no menu"} : Texts(menu + 1, all.end());
-}
-
-TEST(MainMenu, GoesAroundAtBothEndsAndStartsAgainAtOtherKeys) {
-    EXPECT_THAT(SpokenInMenu("press up down down"),
-                ElementsAre(" exit game ", " start game ", " reed instructions "));
-    EXPECT_THAT(SpokenInMenu("press down a"),
-                ElementsAre(" reed instructions ", "a", " select ", " start game "));
-    EXPECT_THAT(SpokenInMenu("press down f1"),
-                ElementsAre(" reed instructions ", " select ", " start game "));
-    EXPECT_THAT(SpokenInMenu("press 190"), ElementsAre("\u00BE", " select ", " start game "));
-}
-
-TEST(MainMenu, EndsWithoutAQuestionAndKeepsTheSavedGame) {
-    RehearsedGame game;
-    game.Run(
-        "press enter enter 3 5\nset p2d 0\npress right enter 3 5 right enter 3 5 right enter 3 5 "
-        "\npress down enter");
-    ASSERT_TRUE(game.Has("tamlo.sav"));
-    const auto run = game.Run("press up enter");
-    EXPECT_EQ(run.Events().back(), "end");
-    EXPECT_EQ(run.Count("beep"), 2);
-    EXPECT_TRUE(game.Has("tamlo.sav"));
-}
 
 TEST(MainMenu, HandsOverToTheLauncherWhenItIsThere) {
     RehearsedGame game;
@@ -51,19 +21,6 @@ TEST(MainMenu, HandsOverToTheLauncherWhenItIsThere) {
     EXPECT_TRUE(run.Count("start launcher \"ZenTrope.EXE\""));
     EXPECT_FALSE(run.Heard("exiting program"));
     EXPECT_EQ(run.Events().back(), "end");
-}
-
-TEST(Instructions, AreReadBeforeTheMenuAndCutShortByAKey) {
-    const auto spoken = SpokenInMenu("press down enter\nupon \"faster you get\" down");
-    ASSERT_EQ(spoken.size(), 5u);
-    EXPECT_THAT(spoken[1], HasSubstr("Apple to Willow.  South"));
-    EXPECT_THAT(spoken[1], HasSubstr("to Volkswagon. In the games main menu"));
-    EXPECT_THAT(spoken[1], HasSubstr("documents\\\\tolvane folder and the file name will be "
-                                     "tamlostreetsname.txt. Special key instructions. f1 repeat"));
-    EXPECT_THAT(spoken[1], HasSubstr("please write or call.  "));
-    EXPECT_EQ(spoken[2], " select ");
-    EXPECT_EQ(spoken[3], " start game ");
-    EXPECT_EQ(spoken[4], " reed instructions ");
 }
 
 TEST(Keys, PressedDuringASentenceActOnWhatFollowsWithoutTheirCharacter) {
@@ -170,101 +127,6 @@ TEST(YesNo, AnswersByTheKeysOfEachQuestion) {
         });
         EXPECT_EQ(run.Spoken(), c.spoken) << c.keys;
     }
-}
-
-TEST(Voices, AreOfferedInTurnAndWrapAround) {
-    RehearsedGame game;
-    const auto run = game.Run("press down down down enter n up x n n y\nshow nv");
-    EXPECT_EQ(run.Shown("nv"), "0");
-    Texts offers = run.Events("voice ");
-    EXPECT_THAT(offers, ElementsAre("voice 0", "voice 0", "voice 1", "voice 2", "voice 0"));
-    EXPECT_EQ(run.Count("play tamlo24 once"), 1);
-    EXPECT_EQ(game.Content("tamlo.cfg"), " 0\r\n 0\r\n 100\r\n 0\r\n 1\r\n");
-}
-
-TEST(Voices, ASingleOneIsNotOffered) {
-    RehearsedGame game;
-    const auto run = game.Run("voices 1\npress down down down enter");
-    EXPECT_FALSE(run.Heard("do you wish"));
-    EXPECT_TRUE(game.Has("tamlo.cfg"));
-}
-
-TEST(Rate, EnterDoesNotCutTheInstructionShort) {
-    RehearsedGame game;
-    const auto run =
-        game.Run("press down down down down enter\nupon \"to adjust\" enter\npress down");
-    const auto between = run.Between("say2 \"to adjust", "say2 \" start game");
-    for (const TraceLine& line : between) EXPECT_NE(line.event, "hush");
-    EXPECT_TRUE(game.Has("tamlo.cfg"));
-}
-
-TEST(Rate, IsHeardAtOnceAndHasNoBound) {
-    std::string ups;
-    for (int i = 0; i < 12; ++i) ups += " up";
-    RehearsedGame game;
-    const auto run = game.Run("press down down down down enter" + ups + " x down enter");
-    EXPECT_TRUE(run.Count("rate 12"));
-    EXPECT_EQ(game.Content("tamlo.cfg"), " 0\r\n 11\r\n 100\r\n 0\r\n 1\r\n");
-    const auto again = game.Run("");
-    EXPECT_TRUE(again.Count("rate 11"));
-}
-
-TEST(Volume, StopsAtItsLimits) {
-    const struct {
-        int vv, wavol;
-        std::string keys;
-        Texts words;
-        int new_vv, new_wavol;
-    } cases[] = {
-        {95, 0, "up enter enter", {" maximum "}, 100, 0},
-        {90, 0, "up enter enter", {" louder "}, 95, 0},
-        {100, 0, "up enter enter", {" maximum "}, 100, 0},
-        {5, 0, "down enter enter", {" minimum "}, 0, 0},
-        {10, 0, "down enter enter", {" quieter "}, 5, 0},
-        {100, -3400, "enter down enter", {" quieter "}, 100, -3500},
-        {100, -3500, "enter down enter", {" minimum "}, 100, -3500},
-        {100, -100, "enter up enter", {" maximum "}, 100, 0},
-        {100, -200, "enter up enter", {" louder "}, 100, -100},
-    };
-    for (const auto& c : cases) {
-        RehearsedGame game;
-        game.Write("tamlo.cfg", " 0\r\n 0\r\n " + std::to_string(c.vv) + "\r\n" +
-                                    std::to_string(c.wavol) + "\r\n 1\r\n");
-        const auto run = game.Run("press down down down down down enter " + c.keys);
-        Texts words;
-        for (const std::string& text : run.Spoken()) {
-            if (text == " maximum " || text == " minimum " || text == " louder " ||
-                text == " quieter ") {
-                words.push_back(text);
-            }
-        }
-        EXPECT_EQ(words, c.words) << c.keys;
-        const auto sign = [](int n) { return (n < 0 ? "" : " ") + std::to_string(n) + "\r\n"; };
-        EXPECT_EQ(game.Content("tamlo.cfg"),
-                  " 0\r\n 0\r\n" + sign(c.new_vv) + sign(c.new_wavol) + " 1\r\n");
-    }
-}
-
-TEST(Volume, F1TellsAgainAndALetterIsEchoed) {
-    const auto spoken = SpokenInMenu("press down down down down down enter f1 q enter f1 q enter");
-    EXPECT_EQ(std::count(spoken.begin(), spoken.end(), "q"), 2);
-    int voice = 0, sound = 0;
-    for (const std::string& text : spoken) {
-        voice += text.find("volume of the voice.   Press") != std::string::npos;
-        sound += text.find("volume of the sounds.   Press") != std::string::npos;
-    }
-    EXPECT_EQ(voice, 3);
-    EXPECT_EQ(sound, 3);
-}
-
-TEST(Gender, AlwaysStartsAtFemaleAndIsStoredAtOnce) {
-    RehearsedGame game;
-    const std::string choose = "press down down down down down down enter ";
-    game.Run(choose + "down enter");
-    EXPECT_EQ(game.Content("tamlo.cfg"), " 0\r\n 0\r\n 100\r\n 0\r\n 2\r\n");
-    const auto again = game.Run(choose + "\nshow gnd");
-    EXPECT_EQ(again.Shown("gnd"), "2");
-    EXPECT_EQ(again.Spoken().back(), " female ");
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // Whole pages of play, each a file: a script, a line of dashes, and the score that it has to give,
-// pauses included. All sounds last a second, so that a page does not change with the sounds. With
-// TAMLO_WRITE_PAGES=1 in the environment the scores are written anew, to be read before they are
-// kept.
+// pauses included, with the log behind it. All sounds last a second, so that a page does not change
+// with the sounds. With TAMLO_WRITE_PAGES=1 in the environment the scores are written anew, to be
+// read before they are kept.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -41,6 +41,13 @@ void MakeSounds(const TemporaryFolder& folder) {
     }
 }
 
+/// What has been written to the player's log since it was `before`.
+std::string Log(const std::string& before, std::string log) {
+    if (log.starts_with(before)) log.erase(0, before.size());
+    for (std::size_t at = 0; (at = log.find("\r\n", at)) != log.npos;) log.erase(at, 1);
+    return "log:\n" + log;
+}
+
 class Pages : public testing::TestWithParam<std::string> {};
 
 TEST_P(Pages, GiveTheirScore) {
@@ -52,7 +59,9 @@ TEST_P(Pages, GiveTheirScore) {
     RehearsedGame game;
     game.sounds = sounds.Path();
     for (std::size_t i = 0; i < parts.size(); i += 2) {
-        const std::string score = Score(game.Run(parts[i]));
+        const std::string before = game.Content("tamlolog.txt");
+        const std::string heard = Score(game.Run(parts[i]));
+        const std::string score = heard + Log(before, game.Content("tamlolog.txt"));
         EXPECT_EQ(score, parts[i + 1]);
         parts[i + 1] = score;
     }

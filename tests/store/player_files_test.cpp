@@ -29,6 +29,8 @@ TEST(SavedGameFile, IsExactToTheByte) {
     EXPECT_EQ(EncodeSavedGame({1.5, 2, 300, 59, 40, 32767}), expected);
     const std::string more = EncodeSavedGame({1.5, 2, 300, 59, 40, 32768});
     EXPECT_EQ(more.substr(expected.size() - 4), Bytes({3, 0, 0, 0x80, 0, 0}));
+    EXPECT_EQ(EncodeSavedGame({0, 0, -32769, 0, 0, 0}).substr(14, 6),
+              Bytes({3, 0, 0xFF, 0x7F, 0xFF, 0xFF}));
     const auto read = DecodeSavedGame(more);
     ASSERT_TRUE(read);
     EXPECT_EQ(read->npd, 32768);
@@ -121,6 +123,7 @@ TEST(RecordFile, RefusesWhatCanNotBeARecord) {
     AppendLarge(negative, -1);
     EXPECT_FALSE(DecodeRecord(negative + good));
     EXPECT_FALSE(DecodeRecord(EncodeRecord({1, 60, 3, "Al", {2020, 1, 31}})));
+    EXPECT_FALSE(DecodeRecord(EncodeRecord({1, 2, 60, "Al", {2020, 1, 31}})));
     EXPECT_FALSE(DecodeRecord(EncodeRecord({1, 2, 3, "Al", {2020, 13, 31}})));
 }
 
@@ -153,6 +156,7 @@ TEST(SettingsFile, IsReadWhateverAnEditorOrADiskDidToIt) {
         {" 2\r 7\r 5\r-3500\r 2", 2, 7, 5, -3500, 2},
         {"\xEF\xBB\xBF 2\r\n 1\r\n", 2, 1, 100, 0, 1},
         {"", 0, 0, 100, 0, 1},
+        {" 1\t\r\n2x\r\n\t50 \t", 1, 0, 50, 0, 1},
         {" 1\r\nfast\r\n\r\n-100\r\n 2\r\n", 1, 0, 100, -100, 2},
         {" 3\r\n 99\r\n 101\r\n 5\r\n 3\r\n", 0, 99, 100, 0, 1},
         {"-1\r\n-99\r\n-1\r\n-3600\r\n 0\r\n", 0, -99, 0, -3500, 1},
@@ -195,14 +199,17 @@ TEST(TextEncoding, FilesAreUtf8IfTheyCanBe) {
     EXPECT_EQ(DecodeText("Z\u00FCrich"), "Z\u00FCrich");
     EXPECT_EQ(DecodeText("\xEF\xBB\xBFOak"), "Oak");
     EXPECT_EQ(DecodeText("\x80"), "\u20AC");
-    for (const char* bad : {"\xC0\xAF", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xE2\x82", "\x80"}) {
+    for (const char* bad : {"\xC0\xAF", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xE2\x82", "\x80",
+                            "\xE0\x80\x80", "\xF0\x80\x80\x80", "\xF4\x90\x80\x80"}) {
         EXPECT_FALSE(IsUtf8(bad)) << bad;
         EXPECT_TRUE(IsUtf8(DecodeText(bad)));
     }
-    EXPECT_TRUE(IsUtf8("a\u00E9\u20AC\U0001F600"));
+    EXPECT_TRUE(IsUtf8("a\u00E9\u0800\uD7FF\u20AC\U0001F600\U0010FFFF"));
     EXPECT_EQ(CountCharacters("a\u00E9\u20AC\U0001F600"), 4u);
     EXPECT_EQ(LastCharacter("ab\u20AC"), 3u);
+    EXPECT_EQ(LastCharacter("a\x80"), 1u);
     EXPECT_EQ(LastCharacter(""), 0u);
+    EXPECT_EQ(FirstCharacter("\x80\x80"), 1u);
 }
 
 }  // namespace
