@@ -15,8 +15,8 @@ checking_packages="desktop-file-utils appstream man-db groff codespell liblouis-
 test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils pipewire pipewire-pulse
     wireplumber dbus-daemon tmux procps strace e2fsprogs mount python3-fusepy"
 
-# Only `./test long` asks for these.
-long_packages="clang-14 libclang-rt-14-dev valgrind"
+# Only `./test long` asks for these; scripts/coverage needs them too.
+long_packages="clang-14 libclang-rt-14-dev llvm-14 valgrind"
 
 # Only scripts/mutations asks for this.
 mutating_packages="ninja-build"
