@@ -5,9 +5,11 @@ service, and a speech program that is started for each text."""
 import argparse
 import collections
 import json
+import os
 import shutil
 import signal
 import statistics
+import subprocess
 import sys
 import tempfile
 import time
@@ -129,6 +131,8 @@ class Bench:
                 program = self.player(kind, where)
                 try:
                     if where is NoServer:
+                        time.sleep(2)
+                        self.keyboard.press("space")  # the title would play for long
                         time.sleep(8)
                     else:
                         program.reach(condition)
@@ -157,6 +161,8 @@ class Bench:
         try:
             program.reach("menu")
             begin, load = time.monotonic(), Load()
+            watch = subprocess.Popen([os.path.join(self.bench, "stalls"), f"{seconds:.0f}"],
+                                     stdout=subprocess.PIPE, text=True)
             if what == "idle":
                 time.sleep(seconds)
             else:
@@ -164,7 +170,7 @@ class Bench:
             gaps = server.recording.gaps_between(begin, time.monotonic())
             print(f"{server.name}: {what} for {seconds:.0f} s; {gaps} drop-outs; blocks of "
                   f"{program.stamps.frames()} frames; {program.resident():.1f} MB; machine "
-                  f"{load.busy()} % busy")
+                  f"{load.busy()} % busy, and stood still {watch.communicate()[0].strip()} times")
             if what == "held":
                 print(f"{repeats:.0f} repeats a second; {grown:.2f} MB more; after the release keys "
                       f"taken for {1000 * keys_taken:.0f} ms, speech for {spoken:.1f} s")
