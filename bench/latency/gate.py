@@ -2,10 +2,8 @@
 next to nothing else, on the same sound server, it may not be slower than by what can be heard."""
 
 import collections
-import os
 import statistics
 import sys
-import tempfile
 
 from keyboard import Keyboard
 from machine import Case, Display, main
@@ -20,45 +18,25 @@ ALLOWANCE = 0.003  # seconds
 
 
 class Quickness(Case):
-    def attempt(self, number):
-        """The figures of both programs at blocks of the same size, and the frames of the game's
-        blocks at each opening of its device. It opens larger ones when the machine is too busy:
-        then they are measured anew."""
-        folder = os.path.join(self.folder, str(number))
-        os.mkdir(folder)
-        server = PulseAudio(folder)
-        displays = [Display(), Display()]
-        game = Game(folder, displays[0], server, BENCH, Keyboard(displays[0]), game=GAME)
-        reference = None
-        keyboard = Keyboard(displays[1])
-        try:
-            game.reach("menu")
-            frames = 0
-            while True:
-                if game.stamps.frames()[-1] != frames:
-                    if reference:
-                        reference.close()
-                    frames = game.stamps.frames()[-1]
-                    reference = Reference(folder, displays[1], server, BENCH, keyboard,
-                                          frames=frames)
-                    reference.reach("menu")
-                    ours, theirs = (collections.defaultdict(list) for _ in range(2))
-                game.trial(ours)
-                reference.trial(theirs)
-                if len(ours["silence"]) >= TRIALS and game.stamps.frames()[-1] == frames:
-                    return ours, theirs, game.stamps.frames()
-        finally:
-            if reference:
-                reference.close()
-            game.close()
-            server.close()
-            for display in displays:
-                display.close()
+    def test_in_turn_with_the_reference_program(self):
+        server = self.own(PulseAudio(self.folder))
+        display, other = self.own(Display()), self.own(Display())
+        game = self.own(Game(self.folder, display, server, BENCH, Keyboard(display), game=GAME))
+        keyboard = Keyboard(other)
+        game.reach("menu")
+        with self.subTest("it is no slower"):
+            self.no_slower(game, lambda frames: self.own(
+                Reference(self.folder, other, server, BENCH, keyboard, frames=frames)))
+        with self.subTest("a held key leaves nothing behind"):
+            repeats, grown, keys_taken, spoken = game.hold(6)
+            self.assertGreater(repeats, 5)  # a second; 25 on a quiet machine
+            self.assertLess(grown, 0.5)
+            self.assertLess(keys_taken, 0.5)
+            self.assertLess(spoken, 4)  # the last item, which takes a second or two
 
-    def test_no_slower_than_the_reference_program(self):
-        slower = []
-        for number in range(ATTEMPTS):
-            ours, theirs, frames = self.attempt(number)
+    def no_slower(self, game, start_reference):
+        for _ in range(ATTEMPTS):
+            ours, theirs, frames = self.attempt(game, start_reference)
             # Larger blocks are an answer to a busy machine, never what the game begins with.
             self.assertEqual(frames[0], SMALLEST)
             # Of the moment at which the program took the key: no matter how busy the machine is.
@@ -72,15 +50,24 @@ class Quickness(Case):
                 return
         self.fail(f"slower than the reference program by {slower} s")
 
-    def test_a_held_key_leaves_nothing_behind(self):
-        server, display = self.own(PulseAudio(self.folder)), self.own(Display())
-        game = self.own(Game(self.folder, display, server, BENCH, Keyboard(display), game=GAME))
-        game.reach("menu")
-        repeats, grown, keys_taken, spoken = game.hold(8)
-        self.assertGreater(repeats, 5)  # a second; 25 on a quiet machine
-        self.assertLess(grown, 0.5)
-        self.assertLess(keys_taken, 0.5)
-        self.assertLess(spoken, 4)  # the last item, which takes a second or two
+    def attempt(self, game, start_reference):
+        """The figures of both programs at blocks of the same size, and the frames of the game's
+        blocks at each opening of its device. It opens larger ones when the machine is too busy:
+        then they are measured anew."""
+        frames, reference = 0, None
+        while True:
+            if game.stamps.frames()[-1] != frames:
+                if reference:
+                    reference.close()
+                frames = game.stamps.frames()[-1]
+                reference = start_reference(frames)
+                reference.reach("menu")
+                ours, theirs = (collections.defaultdict(list) for _ in range(2))
+            game.trial(ours)
+            reference.trial(theirs)
+            if len(ours["silence"]) >= TRIALS and game.stamps.frames()[-1] == frames:
+                reference.close()
+                return ours, theirs, game.stamps.frames()
 
 
 if __name__ == "__main__":

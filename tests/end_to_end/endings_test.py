@@ -31,10 +31,7 @@ def has_open(process, path):
 class Ending(Case):
     def setUp(self):
         super().setUp()
-        self.files = os.path.join(self.folder, "Documents", "tolvane")
-        os.makedirs(self.files)
-        with open(os.path.join(self.files, "tamlo.cfg"), "w", encoding="ascii") as settings:
-            settings.write(" 0\n 10\n 100\n 0\n 1\n")  # the quickest speech
+        self.files = self.speak_quickly()
 
     def start(self, environment, **options):
         return self.own(Program([GAME], self.folder, environment,

@@ -81,6 +81,7 @@ class Game(Case):
         return time.monotonic() - 1 - first
 
     def test_a_window_without_sound(self):
+        self.speak_quickly()
         display = self.own(Display())
         game = self.start({**display.environment, **NO_SOUND})
         display.await_window()
@@ -122,6 +123,7 @@ class Game(Case):
         self.assertIn("input has ended", game.lines[-1])
 
     def test_keys_from_a_pipe(self):
+        self.speak_quickly()
         game = self.start(NO_SOUND, stdin=subprocess.PIPE)
         game.process.stdin.write("\x1b[B" * 2 + "\x1b[A")
         game.process.stdin.close()

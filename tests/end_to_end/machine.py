@@ -139,7 +139,7 @@ class SoundServer:
             ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
              "--disable-shm=yes", "--high-priority=no", "--realtime=no",
              "-L", f"module-native-protocol-unix auth-anonymous=1 socket={path}",
-             "-L", f"module-null-sink sink_name=null rate={self.RATE}"], path)]
+             "-L", f"module-null-sink sink_name=null rate={self.RATE} norewinds=1"], path)]
 
     def start(self):
         # On a busy machine the manager of the streams may come too late for the recording.
@@ -387,6 +387,15 @@ class Case(unittest.TestCase):
     def own(self, thing):
         self.addCleanup(thing.close)
         return thing
+
+    def speak_quickly(self):
+        """Where speech is only waited for: settings with the quickest. Returns the folder of the
+        player's files."""
+        files = os.path.join(self.folder, "Documents", "tolvane")
+        os.makedirs(files)
+        with open(os.path.join(files, "tamlo.cfg"), "w", encoding="ascii") as settings:
+            settings.write(" 0\n 10\n 100\n 0\n 1\n")
+        return files
 
 
 def main():

@@ -16,6 +16,7 @@ ENDED = 5
 class TakenAway(Case):
     def begin(self, kind):
         """The server, which does not answer yet, and the game, which is to find it by itself."""
+        self.speak_quickly()
         server = self.own(kind(self.folder))
         server.halt()
         environment = dict(server.environment, XDG_RUNTIME_DIR=server.folder,
@@ -73,7 +74,7 @@ class TakenAway(Case):
     def begin_the_day(self, server, game):
         game.press("Return")
         server.halt()
-        self.unheard(game, "There is an order for", 25)  # it takes 11
+        self.unheard(game, "There is an order for", 25)  # it takes 7
         server.go_on()
         self.heard_again(server)
 
