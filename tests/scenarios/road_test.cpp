@@ -1,10 +1,6 @@
 // What the road does to the driver: hazards, patrols, scenes, with their pans, paces and times.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <map>
-
-#include "driving/road_scenes.h"
 #include "rehearsed_game.h"
 
 namespace tamlo {
@@ -68,28 +64,6 @@ TEST(Hazards, HoldTheDriverUpAtTheirCorners) {
     }
 }
 
-TEST(Hazards, TheAmbulanceSwellsAndFades) {
-    RehearsedGame game;
-    const auto run = game.Perform("", [](Form1& form) {
-        form.gs.wavol = -300;
-        form.playambu();
-    });
-    std::vector<int> volumes;
-    std::vector<double> times;
-    for (const TraceLine& line : run.lines) {
-        if (!line.event.starts_with("setvolume tamlo23")) continue;
-        volumes.push_back(std::stoi(line.event.substr(18)));
-        times.push_back(line.seconds);
-    }
-    std::vector<int> expected = {-1300};
-    for (int v = -1300; v <= -300; v += 50) expected.push_back(v);
-    for (int v = -300; v >= -1300; v -= 50) expected.push_back(v);
-    EXPECT_EQ(volumes, expected);
-    EXPECT_NEAR(times[2] - times[1], 0.08, 1e-6);
-    EXPECT_NEAR(times[22] - times[21], 0.08 + 0.31, 1e-6);
-    EXPECT_NEAR(run.TimeOf("stop tamlo23") - times.back(), 0.08 + 0.21, 1e-6);
-}
-
 /// The pans of a buffer, with the time of each.
 std::vector<std::pair<double, int>> Pans(const Performance& run, const std::string& name) {
     std::vector<std::pair<double, int>> pans;
@@ -100,54 +74,6 @@ std::vector<std::pair<double, int>> Pans(const Performance& run, const std::stri
         }
     }
     return pans;
-}
-
-TEST(Scenes, CrossFromBothSidesInTheirSteps) {
-    for (int number = 1; number <= 17; ++number) {
-        const RoadScene& scene = road_scenes[static_cast<std::size_t>(number) - 1];
-        if (scene.movement != Movement::crossing && scene.movement != Movement::slow_crossing) {
-            continue;
-        }
-        for (const int side : {1, -1}) {
-            RehearsedGame game;
-            const auto run = game.Perform(side == 1 ? "draw 0.49" : "draw 0.5",
-                                          [&](Form1& form) { form.playscene(number); });
-            auto pans = Pans(run, std::string(scene.sound));
-            if (scene.movement == Movement::crossing) pans.erase(pans.begin());  // before Play
-            const double pause = scene.movement == Movement::crossing ? 0.11 : 0.31;
-            ASSERT_EQ(pans.size(), static_cast<std::size_t>(2 * scene.width / scene.step + 1));
-            for (std::size_t i = 0; i < pans.size(); ++i) {
-                EXPECT_EQ(pans[i].second, side * (scene.width - static_cast<int>(i) * scene.step));
-                if (i > 0) {
-                    EXPECT_NEAR(pans[i].first - pans[i - 1].first, pause, 1e-6);
-                }
-            }
-            EXPECT_EQ(run.Count("play " + std::string(scene.sound) + " loop"), 1);
-            EXPECT_EQ(run.Count("stop " + std::string(scene.sound)), 1);
-        }
-    }
-}
-
-TEST(Scenes, TheTruckDrivesOnToItsOwnEnd) {
-    RehearsedGame game;
-    const auto run = game.Perform("draw 0.5", [](Form1& form) { form.playscene(5); });
-    const auto pans = Pans(run, "tamlo34");
-    ASSERT_EQ(pans.size(), 62u);
-    EXPECT_EQ(pans.front().second, -1500);
-    EXPECT_EQ(pans.back().second, 1500);
-    EXPECT_EQ(run.Count("stop tamlo34"), 0);
-}
-
-TEST(Scenes, TheBusHaltsInTheCentre) {
-    RehearsedGame game;
-    const auto run = game.Perform("draw 0", [](Form1& form) { form.playscene(14); });
-    const auto pans = Pans(run, "tamlo86");
-    ASSERT_EQ(pans.size(), 1u + 61 + 61);
-    EXPECT_EQ(pans[1].second, 1500);
-    EXPECT_EQ(pans[61].second, 0);
-    EXPECT_EQ(pans[62].second, 0);
-    EXPECT_NEAR(pans[62].first - pans[61].first, 0.11 + 5.01, 1e-6);
-    EXPECT_EQ(pans.back().second, -1500);
 }
 
 TEST(Scenes, FiveInLineTrailEachOtherAndAreSilencedOneByOne) {
@@ -211,22 +137,6 @@ TEST(Odds, OfScenesAndTrainsHoldOverManyCorners) {
     });
     EXPECT_NEAR(scenes, corners / 42, 40);  // four standard deviations
     EXPECT_NEAR(trains, 200, 33);
-}
-
-TEST(Background, FadesDownAndUpToWhereItWas) {
-    RehearsedGame game;
-    const auto run = game.Perform("draw 0.75", [](Form1& form) {
-        form.gs.wavol = -200;
-        form.pbg();
-        form.bgdown();
-        form.bgup();
-        form.bgstop();
-    });
-    const auto volumes = run.Events("setvolume tamlob4");
-    ASSERT_EQ(volumes.size(), 1u + 15 + 15);
-    EXPECT_EQ(volumes[15], "setvolume tamlob4 -1475");
-    EXPECT_EQ(volumes[30], "setvolume tamlob4 -200");
-    EXPECT_NEAR(run.TimeOf("stop tamlob4") - run.TimeOf("play tamlob4"), 30 * 0.21, 0.001);
 }
 
 TEST(Effects, EndAsTheirKindOfPlayingSays) {

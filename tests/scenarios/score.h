@@ -18,31 +18,72 @@ inline double Held(const TraceLine& line) {
     return 0.05 * static_cast<double>(CountCharacters(line.event) - around.size());
 }
 
+/// How many lines from `begin` on set the volume or the pan of a sound in even steps, as a movement
+/// is made of; 1 if there is no movement.
+inline std::size_t StepsFrom(const std::vector<TraceLine>& lines, std::size_t begin) {
+    const auto blank = [&](std::size_t i) { return lines[i].event.rfind(' ') + 1; };
+    const auto value = [&](std::size_t i) { return std::stoi(lines[i].event.substr(blank(i))); };
+    const std::string what = lines[begin].event.substr(0, blank(begin));
+    const auto goes_on = [&](std::size_t i) {
+        if (i >= lines.size() || !lines[i].event.starts_with(what)) return false;
+        const double pause = lines[i].seconds - lines[i - 1].seconds;
+        const double first_pause = lines[begin + 1].seconds - lines[begin].seconds;
+        return std::abs(pause - first_pause) < 0.001 && pause > 0 &&
+               value(i) - value(i - 1) == value(begin + 1) - value(begin);
+    };
+    std::size_t count = 1;
+    while (goes_on(begin + count)) ++count;
+    return count > 3 ? count : 1;
+}
+
+/// What is heard as one event, and how many lines of the trace it takes; "" if nothing is heard.
+struct Moment {
+    std::string event;
+    std::size_t lines = 1;
+};
+
+inline Moment MovementAt(const std::vector<TraceLine>& lines, std::size_t at) {
+    const std::size_t count = StepsFrom(lines, at);
+    if (count == 1) return {};
+    const std::string& last = lines[at + count - 1].event;
+    char pace[48];
+    std::snprintf(pace, sizeof pace, " in %zu steps of %.2f", count - 1,
+                  lines[at + 1].seconds - lines[at].seconds);
+    return {lines[at].event + " to" + last.substr(last.rfind(' ')) + pace, count};
+}
+
+inline Moment MomentAt(const std::vector<TraceLine>& lines, std::size_t at) {
+    const std::string& event = lines[at].event;
+    if (event.starts_with("load ") || event.starts_with("setfrequency ")) return {};
+    if (event.starts_with("setvolume ") || event.starts_with("setpan ")) {
+        return MovementAt(lines, at);
+    }
+    const bool echo = at + 3 < lines.size() && event.starts_with("rate ") &&
+                      lines[at + 1].event == "hush" && lines[at + 3].event.starts_with("rate ");
+    if (echo) return {"echo" + lines[at + 2].event.substr(4), 4};
+    return {event};
+}
+
 /// One line a moment, with the seconds since the end of what came before if there are any. What
-/// only prepares a sound is left out: its `play` tells its volume, pan and frequency. A key's echo,
-/// a little faster than other speech, is one event.
+/// only prepares a sound is left out: its `play` tells its volume, pan and frequency. A movement in
+/// even steps is one event, and so is a key's echo, a little faster than other speech.
 inline std::string Score(const Performance& run) {
     std::string score;
     double end = 0;
     double held = 0;
     const auto& lines = run.lines;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        std::string event = lines[i].event;
-        if (event.starts_with("load ") || event.starts_with("setfrequency ")) continue;
-        if (event.starts_with("setvolume ") || event.starts_with("setpan ")) continue;
-        const bool echo = i + 3 < lines.size() && event.starts_with("rate ") &&
-                          lines[i + 1].event == "hush" && lines[i + 3].event.starts_with("rate ");
-        if (echo) {
-            event = "echo" + lines[i + 2].event.substr(4);
-            i += 3;
-        }
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < lines.size(); i = next) {
+        const Moment moment = MomentAt(lines, i);
+        next = i + moment.lines;
+        if (moment.event.empty()) continue;
         char pause[32] = "";
         const double seconds = lines[i].seconds - end;
         if (std::abs(seconds) > 0.001) std::snprintf(pause, sizeof pause, "+%.2f ", seconds);
         const bool same_moment = *pause == '\0' && held == 0;
-        score += (score.empty() ? "" : same_moment ? " | " : "\n") + (pause + event);
-        held = Held(lines[i]);
-        end = lines[i].seconds + held;
+        score += (score.empty() ? "" : same_moment ? " | " : "\n") + (pause + moment.event);
+        held = Held(lines[next - 1]);
+        end = lines[next - 1].seconds + held;
     }
     return score + "\n";
 }
