@@ -8,12 +8,12 @@
 #include <string>
 #include <utility>
 
+#include "faults/faulty_files.h"
 #include "performance.h"
 #include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/end_of_process.h"
 #include "platform/events.h"
-#include "platform/files.h"
 #include "platform/platform.h"
 #include "platform/random.h"
 #include "platform/rehearsal/rehearsal.h"
@@ -71,22 +71,6 @@ class FakeGame final : private KeyListener {
     bool patient_;  ///< lets a turn last; otherwise takes the turns one by one
 };
 
-/// Files that are never there.
-class NoFiles final : public Files {
-  public:
-    std::string FindFile(const std::string&) override { return ""; }
-    std::string FindFolder(const std::string&) override { return ""; }
-    std::vector<std::string> List(const std::string&, std::string_view) override { return {}; }
-    std::optional<std::uint64_t> Length(const std::string&) override { return {}; }
-    ReadResult Read(const std::string&) override { return {}; }
-    bool Replace(const std::string&, std::string_view) override { return false; }
-    bool Append(const std::string&, std::string_view) override { return false; }
-    bool Delete(const std::string&) override { return false; }
-    bool Rename(const std::string&, const std::string&) override { return false; }
-    bool MakeFolder(const std::string&) override { return false; }
-    std::string CurrentDirectory() override { return "/elsewhere"; }
-};
-
 using Play = std::function<void(FakeGame&)>;
 
 /// What a field of the little game may be.
@@ -114,7 +98,7 @@ inline Performance Rehearse(std::string_view script_text, const Play& play, bool
         throw std::runtime_error("line " + std::to_string(error->line) + ": " + error->what);
     }
     Performance performance;
-    NoFiles files;
+    FaultyFiles files("", FaultKind::stuck, 0, "");
     {
         Rehearsal rehearsal(std::get<Script>(std::move(script)),
                             {"/home/me/Documents", sounds.Path(), sounds.Path()}, files,

@@ -2,25 +2,19 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <functional>
 #include <thread>
 #include <vector>
 
+#include "platform/eventually.h"
 #include "platform/mixing/clock_output.h"
 #include "platform/mixing/tap.h"
+#include "platform/mixing_signals.h"
 
 namespace tamlo {
 namespace {
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
-
-class Constant final : public Source {
-  public:
-    void AddTo(float* stereo, int frames, bool /*heard*/) noexcept override {
-        for (int i = 0; i < 2 * frames; ++i) stereo[i] += 0.25F;
-    }
-};
 
 class OutputTest : public testing::Test {
   protected:
@@ -32,14 +26,6 @@ class OutputTest : public testing::Test {
         tap_->Pull(block.data(), 256);
         for (const float value : block) EXPECT_EQ(value, block[0]);
         return block[0];
-    }
-    static bool Eventually(const std::function<bool()>& happens) {
-        const auto deadline = Clock::now() + 20s;
-        while (Clock::now() < deadline) {
-            if (happens()) return true;
-            std::this_thread::sleep_for(1ms);
-        }
-        return false;
     }
 
     Mixer mixer_;

@@ -4,7 +4,18 @@
 #include <string>
 #include <vector>
 
+#include "platform/mixing/source.h"
+
 namespace tamlo {
+
+/// The same level for ever.
+class Constant final : public Source {
+  public:
+    void AddTo(float* stereo, int frames, bool /*heard*/) noexcept override {
+        for (int i = 0; i < 2 * frames; ++i) stereo[i] += level;
+    }
+    float level = 0.25F;
+};
 
 /// A sine of amplitude 1.
 std::vector<float> Tone(double hertz, int rate, int count);

@@ -4,10 +4,10 @@
 
 #include <chrono>
 #include <csignal>
-#include <functional>
 #include <stdexcept>
 #include <thread>
 
+#include "platform/eventually.h"
 #include "platform/system/programs.h"
 #include "platform/system/system_desktop.h"
 #include "platform/system/watched_run.h"
@@ -17,14 +17,6 @@ namespace tamlo {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Waits for what another process does; long enough for a busy machine.
-bool Within10Seconds(const std::function<bool()>& done) {
-    for (int i = 0; i < 1000 && !done(); ++i) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return done();
-}
 
 void WriteScript(const TemporaryFolder& folder, const std::string& name, const std::string& text) {
     folder.Write(name, "#!/bin/sh\n" + text);
@@ -38,7 +30,7 @@ TEST(ProgramsTest, StartsInAnOwnSessionWithArgumentsAsTheyAre) {
         "cd \"$1\"; printf '%s\\n' \"$2\" $$ $(cut -d' ' -f6 /proc/$$/stat) > new; mv new told");
     ASSERT_TRUE(
         StartProgram({folder / "tell", folder.Path(), "$(touch x); 'two words'"}, StartAs::quiet));
-    ASSERT_TRUE(Within10Seconds([&] { return fs::exists(folder / "told"); }));
+    ASSERT_TRUE(Eventually([&] { return fs::exists(folder / "told"); }));
     std::istringstream told(folder.Content("told"));
     std::string argument;
     long process = 0;
@@ -47,7 +39,7 @@ TEST(ProgramsTest, StartsInAnOwnSessionWithArgumentsAsTheyAre) {
     told >> process >> session;
     EXPECT_EQ(argument, "$(touch x); 'two words'");
     EXPECT_EQ(process, session);
-    EXPECT_TRUE(Within10Seconds([&] { return ::kill(static_cast<pid_t>(process), 0) != 0; }))
+    EXPECT_TRUE(Eventually([&] { return ::kill(static_cast<pid_t>(process), 0) != 0; }))
         << "a zombie is left";
 }
 
@@ -78,7 +70,7 @@ TEST(ProgramsTest, TheLauncherStartsFromTheCurrentDirectory) {
     SystemDesktop desktop({});
     EXPECT_TRUE(desktop.StartLauncher("launch me.exe"));
     EXPECT_FALSE(desktop.StartLauncher("sh")) << "programs along PATH are not meant";
-    EXPECT_TRUE(Within10Seconds([&] { return fs::exists("told"); }));
+    EXPECT_TRUE(Eventually([&] { return fs::exists("told"); }));
     EXPECT_EQ(folder.Content("told"), fs::current_path().string() + "\n");
     fs::current_path(before);
 }

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <thread>
 
+#include "platform/eventually.h"
 #include "platform/mixing_signals.h"
 #include "temporary_folder.h"
 
@@ -38,10 +39,7 @@ TEST_P(SoundOutputTest, PlaysASoundToItsEnd) {
     const auto began = Clock::now();
     sound->Play(PlayMode::once);
     output.Beep();
-    while (sound->GetStatus() == status_playing && Clock::now() - began < 20s) {
-        std::this_thread::sleep_for(1ms);
-    }
-    EXPECT_EQ(sound->GetStatus(), 0);
+    EXPECT_TRUE(Eventually([&] { return sound->GetStatus() == 0; }));
     EXPECT_GT(Clock::now() - began, 200ms);
     const bool card = std::string(GetParam()) == "dummy";
     EXPECT_EQ(output.Card().driver, card ? "dummy" : "");
@@ -71,22 +69,16 @@ TEST_P(SoundCardTest, TakesLargerBlocksAfterLateOnesOnceNothingIsSpoken) {
     SoundOutput output("");
     output.AwaitOpening();
     output.Attach(voice);
-    bool always_audible = true;
-    const auto eventually = [&](const auto& happens) {
-        const auto deadline = Clock::now() + 30s;
-        while (!happens() && Clock::now() < deadline) {
-            always_audible = always_audible && output.Audible();
-            std::this_thread::sleep_for(1ms);
-        }
-        return happens();
-    };
-    EXPECT_TRUE(eventually([&] { return output.Card().late >= 3; }));
+    EXPECT_TRUE(Eventually([&] { return output.Card().late >= 3; }));
     std::this_thread::sleep_for(300ms);
     EXPECT_EQ(output.Card().frames, 256);
     EXPECT_EQ(output.Card().openings, 1);
-    always_audible = true;
+    bool always_audible = true;
     voice.level = 0;
-    EXPECT_TRUE(eventually([&] { return output.Card().openings >= 2; }));
+    EXPECT_TRUE(Eventually([&] {
+        always_audible = always_audible && output.Audible();
+        return output.Card().openings >= 2;
+    }));
     EXPECT_GE(output.Card().frames, 512);
     // The dummy serves one stream at a time, and has to be closed first.
     EXPECT_TRUE(always_audible || std::string(GetParam()) == "dummy");

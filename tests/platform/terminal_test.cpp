@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "platform/end_of_process.h"
+#include "platform/eventually.h"
 #include "platform/system/system_clock.h"
 #include "platform/terminal/terminal_events.h"
 #include "platform/terminal/terminal_front_end.h"
@@ -156,11 +157,7 @@ TEST_F(TerminalTest, AStopGivesTheTerminalBackUntilItIsContinued) {
         ::_exit(pressed.codes.front());
     }
     const auto raw_is = [&](bool raw) {
-        for (int i = 0; i < 1000; ++i) {
-            if (((LocalModes() & ICANON) == 0) == raw) return true;
-            ::usleep(10000);
-        }
-        return false;
+        return Eventually([&] { return ((LocalModes() & ICANON) == 0) == raw; });
     };
     ASSERT_TRUE(raw_is(true));
     ::kill(child, SIGTSTP);
