@@ -16,7 +16,6 @@ std::string Failure(std::string_view what) {
 }
 
 void CheckSounds(Form1& form) {
-    form.gs.wcv = 0;
     form.checkwave();
     if (form.gs.wcv != 1) return;
     form.gs.wb1->Stop();
@@ -24,19 +23,6 @@ void CheckSounds(Form1& form) {
     form.platform.desktop.MessageBox(
         Failure("Sorry but one or more of the wave files seem to be corrupt"));
     form.runEnd();
-}
-
-void SetDefaults(GameState& gs) {
-    gs.plast = 1;
-    gs.nv = 0;
-    gs.vr = 0;
-    gs.vv = 100;
-    gs.wavol = 0;
-    gs.cartog = 1;
-    gs.firsttrip = 1;
-    gs.saidhome = 1;
-    gs.cash = 0;
-    gs.gnd = 1;
 }
 
 }  // namespace
@@ -48,17 +34,13 @@ void Form1::startup() {
     countvoices();
     getdatapath();
     CheckSounds(*this);
-    SetDefaults(gs);
     readCFG();
     setupvoice();
     setstreets();
-    gs.lastcust.fill(0);
-    gs.evhist.fill(0);
     say(" ");  // wakes the speech engine
     endtitle();
     dy(0.3);
     say(" Tamlo Delivery. version 3. ");
-    gs.oc1 = 1;
     gesaga();
     telltroubles();
     ldwv();

@@ -160,7 +160,6 @@ bool Form1::saga() {
 }
 
 void Form1::gesaga() {
-    gs.npd = 0;
     const ReadResult file = platform.files.Read(path(saved_game_name));
     if (file.outcome == ReadResult::Outcome::missing) {
         StartLog(*this);
