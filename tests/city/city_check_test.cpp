@@ -97,8 +97,10 @@ TEST(CityCheck, NamesThatSoundAlikeAreHints) {
     names[0] = "Main";
     names[6] = "Mane";
     names[7] = ". -";
+    names[8] = "MAIN";
     EXPECT_THAT(Told(Lines(names), Pronunciation),
                 ElementsAre("E Line 8, road 8, \". -\", is silent.",
+                            "E Line 9: road 9 has the name of road 1, \"MAIN\".",
                             "H Line 7: road 7, \"Mane\", sounds like road 1, \"Main\"."));
 }
 

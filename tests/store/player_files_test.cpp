@@ -191,6 +191,7 @@ TEST(TextEncoding, KeysGiveTheCharactersOfWindows1252) {
             EXPECT_EQ(UpperCase1252(small), code);
         }
     }
+    EXPECT_EQ(FromWindows1252(0), "\0"s);
     EXPECT_FALSE(ToWindows1252("\u4E2D"));
 }
 
