@@ -11,6 +11,7 @@ GAME = sys.argv[1]
 BACK = 3  # until the game is heard again; 0.05 to 0.4 on a quiet one
 ANSWERED = 3  # until a key is answered, heard or not
 ENDED = 5
+BEGUN = 10  # 1.5 on a quiet one; the server's own limit for a connection is 30
 
 
 class TakenAway(Case):
@@ -22,7 +23,10 @@ class TakenAway(Case):
         environment = dict(server.environment, XDG_RUNTIME_DIR=server.folder,
                            ALSA_CONFIG_PATH="/dev/null")
         del environment["SDL_AUDIODRIVER"]
-        return server, self.own(Terminal(GAME, self.folder, environment))
+        begin = time.monotonic()
+        game = self.own(Terminal(GAME, self.folder, environment))
+        self.soon(game.line("[title tune]") - begin, BEGUN, "the beginning")
+        return server, game
 
     def heard_again(self, server):
         """Called when the server is back. The game says again what nobody heard, of itself."""
