@@ -18,7 +18,7 @@
 namespace tamlo {
 namespace {
 
-constexpr std::uint64_t longest_file = 64 * 1024 * 1024;
+constexpr std::size_t longest_file = 64 * 1024 * 1024;
 
 enum class Kind { file, folder, any };
 
@@ -76,6 +76,11 @@ std::string TargetOf(const std::string& path) {
 }
 
 bool ReadAll(int file, std::string& bytes) {
+    // Its length, which may change until it has been read, spares the copies of a growing text.
+    struct stat about {};
+    if (::fstat(file, &about) == 0) {
+        bytes.reserve(std::min(static_cast<std::size_t>(about.st_size), longest_file));
+    }
     char block[65536];
     while (bytes.size() <= longest_file) {
         const ssize_t count = ::read(file, block, sizeof block);
