@@ -117,7 +117,6 @@ void Form1::playambu() {
     constexpr int step = 50;
     const int low = gs.wavol - range;
     gs.wb2 = gs.ds8->CreateBufferFromFile("tamlo23", gs.bufdesc);
-    gs.wb2->SetCurrentPosition(0);
     gs.wb2->SetFrequency(gs.wb2->GetFrequency() + 1);
     gs.wb2->SetVolume(low);
     gs.wb2->Play(PlayMode::once);

@@ -57,8 +57,7 @@ void Form1::telltroubles() {
     if (gs.noread == 1) {
         gs.noread = 2;
         say(" I 'm sorry, but some files of the game can not be read. Your settings or the names "
-            "of "
-            "the streets may not be your own. ");
+            "of the streets may not be your own. ");
     }
     if (gs.nowrite != 1) return;
     gs.nowrite = 2;
