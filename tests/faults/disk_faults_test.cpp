@@ -177,7 +177,14 @@ TEST(DiskFaultsAtTheEnd, KeepTheOldRecordOrTheNewOne) {
 }
 
 TEST(UnreadableFiles, AreLeftAsTheyAreAndTold) {
-    for (const char* name : {career, settings, streets}) {
+    const std::string career_lost =
+        " I 'm sorry, but the saved game can not be read. A new game begins. ";
+    const std::string others =
+        " I 'm sorry, but some files of the game can not be read. Your settings or the names of "
+        "the "
+        "streets may not be your own. ";
+    for (const auto& [name, told] :
+         {std::pair{career, career_lost}, {settings, others}, {streets, others}}) {
         RehearsedGame game;
         game.Run(day);
         const std::string before = game.Content(name);
@@ -185,7 +192,7 @@ TEST(UnreadableFiles, AreLeftAsTheyAreAndTold) {
         FaultyFiles files(std::string("tolvane/") + name, FaultKind::unreadable, 0, "");
         game.files = &files;
         const auto run = game.Run("");
-        EXPECT_TRUE(run.Heard("can not be read. ")) << name;
+        EXPECT_TRUE(run.Heard(told)) << name;
         EXPECT_EQ(game.Content(name), before) << name;
         EXPECT_FALSE(game.Has("tamlo damaged 1.sav"));
     }

@@ -108,11 +108,14 @@ TEST(Scenes, NoneComesTwiceInFive) {
             if (form.gs.evhist(4) != newest) played.push_back(form.gs.evhist(4));
         }
     });
+    int behind_four = 0;
     for (std::size_t i = 0; i < played.size(); ++i) {
+        behind_four += i > 4 && played[i] == played[i - 5];
         for (std::size_t back = 1; back <= 4 && back <= i; ++back) {
             EXPECT_NE(played[i], played[i - back]);
         }
     }
+    EXPECT_GT(behind_four, 0);
 }
 
 TEST(Odds, OfScenesAndTrainsHoldOverManyCorners) {
