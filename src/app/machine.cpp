@@ -243,6 +243,7 @@ void IgnoreEndSignals() {
 /// The sound is opened before anything that takes time, and a window meanwhile, so that it is awake
 /// when the first word comes.
 Ending Play(const std::string& sounds, const Story& story, const Introduction& introduction) {
+    DesktopWindow::Prepare();
     SoundOutput sound(sounds);
     const Ending ending = PlayWherePossible(sound, story, introduction);
     if (!ending.restart) IgnoreEndSignals();

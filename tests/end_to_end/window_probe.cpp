@@ -47,6 +47,7 @@ int main(int count, char** arguments) {
     const std::string argument = count > 2 ? arguments[2] : "0";
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     std::string why_not;
+    tamlo::DesktopWindow::Prepare();
     const auto window = tamlo::DesktopWindow::Open(why_not);
     if (!window) {
         std::printf("no window: %s\n", why_not.c_str());

@@ -48,17 +48,6 @@ std::string DisplaysToTry() {
     return drivers;
 }
 
-void SetHints(const std::string& displays) {
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");  // EndSignals does that, and better
-    SDL_SetHint(SDL_HINT_APP_NAME, "Tamlo Delivery");
-    SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
-    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
-    // A driver named in the environment stands, whichever it is: its user wants just that.
-    if (!IsSet("SDL_VIDEODRIVER")) {
-        SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, displays.c_str(), SDL_HINT_OVERRIDE);
-    }
-}
-
 /// A key press with a code.
 struct Key {
     int code = 0;
@@ -208,22 +197,27 @@ struct DesktopWindow::Impl {
     }
 };
 
+void DesktopWindow::Prepare() {
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");  // EndSignals does that, and better
+    SDL_SetHint(SDL_HINT_APP_NAME, "Tamlo Delivery");
+    SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    // A driver named in the environment stands, whichever it is: its user wants just that.
+    if (!IsSet("SDL_VIDEODRIVER")) {
+        SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, DisplaysToTry().c_str(), SDL_HINT_OVERRIDE);
+    }
+}
+
 std::unique_ptr<DesktopWindow> DesktopWindow::Open(std::string& why_not) {
-    const std::string displays = DisplaysToTry();
-    if (displays.empty() && !IsSet("SDL_VIDEODRIVER")) {
+    if (DisplaysToTry().empty() && !IsSet("SDL_VIDEODRIVER")) {
         why_not = "there is no display";
         return nullptr;
     }
-    SetHints(displays);
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
         why_not = std::string("the display cannot be opened: ") + SDL_GetError();
         return nullptr;
     }
     auto impl = std::make_unique<Impl>();
-    // Under X11 the window is painted without a graphics card, whose driver is slow to start.
-    if (std::strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0) {
-        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
-    }
     for (const Uint32 type : unwanted_events) SDL_EventState(type, SDL_IGNORE);
     // An input method would swallow letters, and keep the others back.
     SDL_StopTextInput();
@@ -242,6 +236,10 @@ DesktopWindow::DesktopWindow(std::unique_ptr<Impl> impl) : impl_(std::move(impl)
 DesktopWindow::~DesktopWindow() = default;
 
 void DesktopWindow::ShowWindow(const char* caption) {
+    // Under X11 the window is painted without a graphics card, whose driver is slow to start.
+    if (std::strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0) {
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    }
     SetTitle(impl_->window, caption);
     SDL_ShowWindow(impl_->window);
     SDL_RaiseWindow(impl_->window);

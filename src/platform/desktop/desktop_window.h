@@ -14,8 +14,10 @@ namespace tamlo {
 /// EndOfProcess; such a signal that comes more than a second later kills the process.
 class DesktopWindow : public Events {
   public:
+    /// Tells the window library what is wanted of it. To be called before any other thread uses it.
+    static void Prepare();
     /// Connects to the display that the environment names. Null when there is none that delivers
-    /// keys; `why_not` then says why, in a line.
+    /// keys; `why_not` then says why, in a line. Another thread may be opening the sound card.
     static std::unique_ptr<DesktopWindow> Open(std::string& why_not);
 
     ~DesktopWindow() override;
