@@ -170,7 +170,8 @@ class Bench:
             gaps = server.recording.gaps_between(begin, time.monotonic())
             print(f"{server.name}: {what} for {seconds:.0f} s; {gaps} drop-outs; blocks of "
                   f"{program.stamps.frames()} frames; {program.resident():.1f} MB; machine "
-                  f"{load.busy()} % busy, and stood still {watch.communicate()[0].strip()} times")
+                  f"{load.busy()} % busy, and stood still "
+                  f"{watch.communicate()[0].strip() or 'an unknown number of'} times")
             if what == "held":
                 print(f"{repeats:.0f} repeats a second; {grown:.2f} MB more; after the release keys "
                       f"taken for {1000 * keys_taken:.0f} ms, speech for {spoken:.1f} s")

@@ -218,20 +218,20 @@ Ending PlayFromPipe(SoundOutput& sound, const Story& story) {
 }
 
 Ending PlayWherePossible(SoundOutput& sound, const Story& story, const Introduction& introduction) {
-    const auto introduce = [&](Place::Front front) {
+    const auto begin = [&](Place::Front front) {
         sound.AwaitOpening();
         if (introduction) introduction({front, sound});
     };
     std::string why_no_window;
     if (const auto window = DesktopWindow::Open(why_no_window)) {
-        introduce(Place::Front::window);
+        begin(Place::Front::window);
         return PlayInWindow(sound, *window, story);
     }
     if (::isatty(STDIN_FILENO) != 0) {
-        introduce(Place::Front::terminal);
+        begin(Place::Front::terminal);
         return PlayInTerminal(sound, story);
     }
-    introduce(Place::Front::pipe);
+    begin(Place::Front::pipe);
     return PlayFromPipe(sound, story);
 }
 
