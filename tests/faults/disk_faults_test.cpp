@@ -181,8 +181,7 @@ TEST(UnreadableFiles, AreLeftAsTheyAreAndTold) {
         " I 'm sorry, but the saved game can not be read. A new game begins. ";
     const std::string others =
         " I 'm sorry, but some files of the game can not be read. Your settings or the names of "
-        "the "
-        "streets may not be your own. ";
+        "the streets may not be your own. ";
     for (const auto& [name, told] :
          {std::pair{career, career_lost}, {settings, others}, {streets, others}}) {
         RehearsedGame game;
