@@ -147,7 +147,7 @@ void TellBreakingOff(int voice) {
     std::vector<float> block(2 * 16);
     std::vector<double> times;
     auto pull = [&] {
-        speech.Stream().AddTo(block.data(), 16, true);
+        speech.Stream().Take(block.data(), 16, true);
         const bool sound = std::any_of(block.begin(), block.end(),
                                        [](float sample) { return std::abs(sample) > 0.00316f; });
         std::fill(block.begin(), block.end(), 0.0f);

@@ -279,7 +279,13 @@ TEST_F(MixerTest, TheCallbackNeitherAllocatesNorFrees) {
         }
         sounds.pop_back();
         const long before = AllocationsOfThisThread();
-        mixer_.Mix(block.data(), 256);
+        if (round < 25) {
+            mixer_.Mix(block.data(), 256);
+        } else {
+            mixer_.Rewind(256);
+            mixer_.MixAhead(block.data(), 256);
+            mixer_.Settle(512);
+        }
         ASSERT_EQ(AllocationsOfThisThread(), before) << round;
     }
 }
@@ -289,8 +295,14 @@ TEST_F(MixerTest, StandsAGameThreadThatIsBusyWhileItIsPulled) {
     std::atomic<int> broken = 0;
     std::thread puller([&] {
         std::vector<float> block(512);
-        while (!done) {
-            mixer_.Mix(block.data(), 256);
+        for (int round = 0; !done; ++round) {
+            if (round / 1000 % 2 == 0) {
+                mixer_.Mix(block.data(), 256);
+            } else {
+                mixer_.MixAhead(block.data(), 256);
+                mixer_.Settle(300);
+                if (round % 7 == 0) mixer_.Rewind(999);
+            }
             for (const float value : block) broken += !(std::abs(value) < 1);
         }
     });

@@ -47,6 +47,23 @@ TEST_F(OutputTest, OneOutputAtATimeGetsTheStream) {
     EXPECT_EQ(Pull(), 0.0F);
 }
 
+TEST_F(OutputTest, OnlyWhatIsHeardOfWhatWasMadeAheadCounts) {
+    std::vector<float> block(2 * 1024);
+    ASSERT_TRUE(tap_->PullAhead(block.data(), 1024));
+    EXPECT_EQ(block[2047], 0.25F);
+    tap_->Settle(512);
+    EXPECT_EQ(tap_->Rewind(300), 300);
+    ASSERT_TRUE(tap_->PullAhead(block.data(), 512));
+    EXPECT_EQ(tap_->Frames(), 512);
+    tap_->PutClockInCharge();
+    EXPECT_EQ(tap_->Rewind(100), 0);
+    tap_->Settle(0);
+    tap_->Pass(1000);
+    EXPECT_EQ(tap_->Frames(), 1512);
+    ASSERT_TRUE(tap_->PullAhead(block.data(), 256));
+    EXPECT_EQ(block[0], 0.0F);
+}
+
 TEST_F(OutputTest, ACardThatPullsNowAndThenIsNotBack) {
     tap_->PutClockInCharge();
     for (int i = 0; i < 20; ++i) {

@@ -11,7 +11,7 @@ namespace tamlo {
 /// The same level for ever.
 class Constant final : public Source {
   public:
-    void AddTo(float* stereo, int frames, bool /*heard*/) noexcept override {
+    void AddTo(float* stereo, int frames) noexcept override {
         for (int i = 0; i < 2 * frames; ++i) stereo[i] += level;
     }
     float level = 0.25F;

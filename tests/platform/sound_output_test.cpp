@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(Drivers, SoundOutputTest, testing::Values("dummy", "no 
 // Holds the audio thread up now and then, as a busy machine does; heard while `level` is not 0.
 class Stumbling final : public Source {
   public:
-    void AddTo(float* stereo, int frames, bool /*heard*/) noexcept override {
+    void AddTo(float* stereo, int frames) noexcept override {
         if (++blocks_ % 40 == 0) std::this_thread::sleep_for(40ms);
         for (int i = 0; i < 2 * frames; ++i) stereo[i] += level;
     }

@@ -34,7 +34,7 @@ class Listener {
 
     void PullNow(int frames, bool for_card = true) {
         std::vector<float> stereo(2 * static_cast<std::size_t>(frames));
-        voice_.Stream().AddTo(stereo.data(), frames, for_card);
+        voice_.Stream().Take(stereo.data(), frames, for_card);
         for (std::size_t i = 0; i < stereo.size(); i += 2) heard.push_back(stereo[i]);
     }
 

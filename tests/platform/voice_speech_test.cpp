@@ -228,7 +228,7 @@ TEST(VoiceSpeech, PullingAllocatesAndFreesNothing) {
         if (i % 120 == 0) fake.engine->Speak("", SpeakFlags::purge);
         if (i % 30 == 0) fake.engine->SetVolume(i % 100);
         const long before = AllocationsOfThisThread();
-        fake.voice.Stream().AddTo(stereo.data(), block, true);
+        fake.voice.Stream().Take(stereo.data(), block, true);
         ASSERT_EQ(AllocationsOfThisThread(), before);
     }
 }
@@ -242,7 +242,7 @@ TEST(VoiceSpeech, WaitingIsPatientAndReturnsWithTheLastSample) {
     std::thread card([&] {
         std::vector<float> stereo(96);
         while (!end) {
-            voice.Stream().AddTo(stereo.data(), 48, true);
+            voice.Stream().Take(stereo.data(), 48, true);
             std::this_thread::sleep_for(1ms);
         }
     });

@@ -3,10 +3,13 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 
 #include <algorithm>
 #include <cmath>
 #include <vector>
+
+#include "platform/mixing/mixer.h"
 
 namespace tamlo {
 namespace {
@@ -14,7 +17,7 @@ namespace {
 /// The left channel of what the stream adds to `frames` frames of silence.
 std::vector<float> Pull(SpeechStream& stream, int frames) {
     std::vector<float> stereo(2 * static_cast<std::size_t>(frames));
-    stream.AddTo(stereo.data(), frames, true);
+    stream.Take(stereo.data(), frames, true);
     std::vector<float> left;
     for (std::size_t i = 0; i < stereo.size(); i += 2) {
         EXPECT_EQ(stereo[i], stereo[i + 1]);
@@ -54,7 +57,7 @@ TEST(SpeechStream, AddsToWhatIsThereAndOnlyWhatWasCommitted) {
     Write(stream, 2, 0.5f);
     EXPECT_EQ(stream.Left(), 2);
     float stereo[6] = {1, -1, 1, -1, 1, -1};
-    stream.AddTo(stereo, 3, true);
+    stream.Take(stereo, 3, true);
     EXPECT_THAT(stereo, testing::ElementsAre(1.5f, -0.5f, 1.5f, -0.5f, 1.0f, -1.0f));
     EXPECT_EQ(stream.Left(), 0);
 }
@@ -159,6 +162,79 @@ TEST(SpeechStream, RingsWhenItsEndIsTakenAndWhenTheMakerAsked) {
     EXPECT_TRUE(rang(stream.ended));
     stream.RingWhenDownTo(0);
     EXPECT_TRUE(rang(stream.woken));  // It was so already.
+}
+
+class SpeechAhead : public testing::Test {
+  protected:
+    void SetUp() override {
+        mixer_.Attach(stream_);
+        mixer_.Changes()->Listen(true);
+    }
+    void TearDown() override { mixer_.Detach(stream_); }
+
+    bool Rang() {
+        pollfd bell{mixer_.Changes()->Descriptor(), POLLIN, 0};
+        const bool rang = poll(&bell, 1, 0) == 1;
+        mixer_.Changes()->TakeRings();
+        return rang;
+    }
+    /// The left channel of what is made, from so many frames before the end of what was.
+    std::vector<float> Ahead(int taken_back) {
+        EXPECT_EQ(mixer_.Rewind(taken_back), taken_back);
+        std::vector<float> stereo(2 * 4096);
+        EXPECT_TRUE(mixer_.MixAhead(stereo.data(), 4096));
+        std::vector<float> left;
+        for (std::size_t i = 0; i < stereo.size(); i += 2) left.push_back(stereo[i]);
+        return left;
+    }
+
+    SpeechStream stream_;
+    Mixer mixer_;
+};
+
+TEST_F(SpeechAhead, ANewTextTakesThePlaceOfTheSilenceThatWasMade) {
+    Ahead(0);
+    EXPECT_FALSE(Rang());
+    for (int written = 0; written < 3000; written += 1000) {
+        std::vector<float> ramp(1000);
+        for (int i = 0; i < 1000; ++i) ramp[i] = static_cast<float>(written + i + 1) / 4096;
+        stream_.Put(ramp);
+        stream_.Commit();
+        EXPECT_TRUE(Rang()) << "it was starving";
+    }
+    EXPECT_EQ(Ahead(4000)[0], 1.0f / 4096);
+    // What was made is made once more up to the place, so that none is lost or heard twice.
+    const std::vector<float> again = Ahead(4096 - 700);
+    EXPECT_EQ(again[0], 701.0f / 4096);
+    EXPECT_EQ(again[2299], 3000.0f / 4096);
+    EXPECT_EQ(again[2300], 0.0f);
+    EXPECT_EQ(stream_.Left(), 3000);
+    mixer_.Settle(4096 - 2300);
+    EXPECT_GT(stream_.Left(), 0);
+    mixer_.Settle(0);
+    EXPECT_EQ(stream_.Left(), 0);
+}
+
+TEST_F(SpeechAhead, ADropSilencesWhatWasMadeAndTheVolumeChangesIt) {
+    Write(stream_, 8000, 0.5f);
+    Ahead(0);
+    mixer_.Settle(4096 - 300);
+    Rang();
+    stream_.SetGain(0.5f);
+    EXPECT_TRUE(Rang());
+    EXPECT_EQ(Ahead(3700)[500], 0.25f);
+    stream_.Drop();
+    EXPECT_TRUE(Rang());
+    const std::vector<float> dropped = Ahead(4000);
+    EXPECT_GT(dropped[0], 0.2f);
+    EXPECT_EQ(dropped[96], 0.0f);
+    Write(stream_, 100, 0.125f);
+    EXPECT_TRUE(Rang());
+    EXPECT_GT(Ahead(4076)[0], 0.0625f) << "the rest of the tail below the new text";
+    mixer_.Settle(0);
+    stream_.Drop();
+    stream_.SetGain(1);
+    EXPECT_FALSE(Rang()) << "nothing is to be heard";
 }
 
 }  // namespace

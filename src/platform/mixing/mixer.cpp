@@ -24,9 +24,11 @@ Mixer::~Mixer() {
 void Mixer::Attach(Source& source) {
     const std::lock_guard lock(sources_mutex_);
     sources_.push_back(&source);
+    source.RingOnChange(changes_.get());
 }
 
 void Mixer::Detach(Source& source) {
+    source.RingOnChange(nullptr);
     const std::lock_guard lock(sources_mutex_);
     std::erase(sources_, &source);
 }
@@ -71,6 +73,7 @@ void Mixer::SetFrequency(Track& sound, int frequency) {
 void Mixer::Send(std::unique_ptr<Command> command) {
     Free(spent_.TakeAll());
     commands_.Push(command.release());
+    changes_->Ring();
 }
 
 void Mixer::Free(Command* list) {
@@ -81,42 +84,136 @@ void Mixer::Free(Command* list) {
 }
 
 void Mixer::Mix(float* stereo, int frames, bool heard) noexcept {
-    Obey();
     // Attaching is rare; should it be under way, the sources miss this one block.
     const std::unique_lock lock(sources_mutex_, std::try_to_lock);
-    while (frames > 0) {
-        const int piece = std::min(frames, longest_piece);
-        std::fill_n(stereo, 2 * piece, 0.0F);
-        if (lock) AddSources(stereo, piece, heard);
-        MixPiece(stereo, piece);
-        stereo += 2 * piece;
-        frames -= piece;
+    const Sources sources = lock ? Sources(sources_) : Sources();
+    TakeBack(sources, MarkAt(first_mark_).frame);
+    Obey();
+    for (Source* source : sources) source->Heed(heard);
+    for (int done = 0; done < frames;) {
+        const int piece = std::min(frames - done, longest_piece);
+        Render(sources, stereo + 2 * done, piece);
+        done += piece;
     }
-    NoteProgress();
+    Remember(sources);
+    SettleUpTo(sources, frame_);
 }
 
 void Mixer::Pass(int frames) noexcept {
-    Obey();
     const std::unique_lock lock(sources_mutex_, std::try_to_lock);
-    for (int left = lock ? frames : 0; left > 0; left -= longest_piece) {
+    const Sources sources = lock ? Sources(sources_) : Sources();
+    TakeBack(sources, MarkAt(first_mark_).frame);
+    Obey();
+    for (Source* source : sources) source->Heed(false);
+    for (int left = frames; left > 0; left -= longest_piece) {
         std::array<float, 2 * longest_piece> unheard{};
-        AddSources(unheard.data(), std::min(left, longest_piece), false);
+        AddSources(sources, unheard.data(), std::min(left, longest_piece));
     }
-    Track* next = nullptr;
-    for (Track* sound = playing_; sound != nullptr; sound = next) {
-        next = sound->next_;
-        PassOver(*sound, frames);
+    for (Track* track = tracks_; track != nullptr; track = track->next_) {
+        if (track->now_.playing) PassOver(track->now_, frames);
     }
     left_ = {};
     right_ = {};
     limiter_ = {};
-    NoteProgress();
+    frame_ += frames;
+    Remember(sources);
+    SettleUpTo(sources, frame_);
 }
 
-void Mixer::NoteProgress() noexcept {
-    for (Track* sound = playing_; sound != nullptr; sound = sound->next_) {
-        sound->reached.store(sound->head_.Position() >> fixed_bits, std::memory_order_relaxed);
+// What sources have got since the mark before is for the frames behind it, so it is remembered
+// anew.
+bool Mixer::MixAhead(float* stereo, int frames, bool heard) noexcept {
+    const std::unique_lock lock(sources_mutex_, std::try_to_lock);
+    if (!lock) return false;
+    for (int done = 0; done < frames; done += longest_piece) {
+        for (Source* source : sources_) {
+            source->Heed(heard);
+            source->Remember(static_cast<int>(Slot(last_mark_)));
+        }
+        Render(sources_, stereo + 2 * done, longest_piece);
+        Remember(sources_);
     }
+    return true;
+}
+
+int Mixer::Settle(int ahead) noexcept {
+    const std::unique_lock lock(sources_mutex_, std::try_to_lock);
+    return lock ? SettleUpTo(sources_, frame_ - ahead) : 0;
+}
+
+std::optional<int> Mixer::Rewind(int ahead) noexcept {
+    const std::unique_lock lock(sources_mutex_, std::try_to_lock);
+    if (!lock) return std::nullopt;
+    const std::int64_t end = frame_;
+    TakeBack(sources_, end - ahead);
+    Obey();
+    for (Source* source : sources_) source->Heed(true);
+    Remember(sources_);
+    return static_cast<int>(end - frame_);
+}
+
+/// Back to the frame, or the first behind it that may still change. From a mark to the frame
+/// everything is made once more, and is what it was.
+void Mixer::TakeBack(Sources sources, std::int64_t frame) noexcept {
+    const std::int64_t target =
+        std::min(frame_, std::max({frame, obeyed_at_, MarkAt(first_mark_).frame}));
+    std::int64_t mark = last_mark_;
+    while (MarkAt(mark).frame > target) --mark;
+    if (mark != last_mark_) ReturnTo(sources, mark);
+    last_mark_ = mark;
+    while (frame_ < target) {
+        std::array<float, 2 * longest_piece> again;
+        Render(sources, again.data(),
+               static_cast<int>(std::min<std::int64_t>(target - frame_, longest_piece)));
+    }
+}
+
+void Mixer::Remember(Sources sources) noexcept {
+    if (MarkAt(last_mark_).frame != frame_) {
+        ++last_mark_;
+        if (last_mark_ - first_mark_ == most_marks) ++first_mark_;
+    }
+    const auto slot = static_cast<int>(Slot(last_mark_));
+    Mark& mark = MarkAt(last_mark_);
+    mark.frame = frame_;
+    std::copy_n(left_.begin(), tail_frames, mark.left.begin());
+    std::copy_n(right_.begin(), tail_frames, mark.right.begin());
+    mark.limiter = limiter_;
+    mark.quiet = quiet_since_;
+    for (Track* track = tracks_; track != nullptr; track = track->next_) {
+        track->marks_[slot] = track->now_;
+    }
+    for (Source* source : sources) source->Remember(slot);
+}
+
+void Mixer::ReturnTo(Sources sources, std::int64_t number) noexcept {
+    const auto slot = static_cast<int>(Slot(number));
+    const Mark& mark = MarkAt(number);
+    frame_ = mark.frame;
+    std::copy_n(mark.left.begin(), tail_frames, left_.begin());
+    std::copy_n(mark.right.begin(), tail_frames, right_.begin());
+    limiter_ = mark.limiter;
+    quiet_since_ = mark.quiet;
+    for (Track* track = tracks_; track != nullptr; track = track->next_) {
+        track->now_ = track->marks_[slot];
+    }
+    for (Source* source : sources) source->ReturnTo(slot);
+}
+
+int Mixer::SettleUpTo(Sources sources, std::int64_t frame) noexcept {
+    while (first_mark_ < last_mark_ && MarkAt(first_mark_ + 1).frame <= frame) ++first_mark_;
+    const auto frames = static_cast<int>(MarkAt(first_mark_).frame - settled_);
+    if (frames == 0) return 0;
+    settled_ += frames;
+    const auto slot = static_cast<int>(Slot(first_mark_));
+    for (Track* track = tracks_; track != nullptr; track = track->next_) {
+        const Track::State& state = track->marks_[slot];
+        track->reached.store(state.head.Position() >> fixed_bits, std::memory_order_relaxed);
+        track->ended.store(state.ended, std::memory_order_release);
+    }
+    quiet_.store(MarkAt(first_mark_).quiet, std::memory_order_relaxed);
+    for (Source* source : sources) source->Settle(slot, frames);
+    return frames;
 }
 
 void Mixer::Obey() noexcept {
@@ -127,53 +224,60 @@ void Mixer::Obey() noexcept {
         spent_.Push(command);
         command = next;
     }
+    obeyed_at_ = frame_;
 }
 
 void Mixer::Obey(const Command& command) noexcept {
-    Track& sound = *command.sound;
-    const bool gliding = sound.playing_ && !sound.untouched_;
+    Track& track = *command.sound;
+    Track::State& sound = track.now_;
+    const bool gliding = sound.playing && !sound.untouched;
     switch (command.kind) {
-        case Command::Kind::play: Start(sound, command.value != 0, command.number); break;
-        case Command::Kind::stop:
-        case Command::Kind::remove: Silence(sound); break;
+        case Command::Kind::play: Start(track, command.value != 0, command.number); break;
+        case Command::Kind::stop: Silence(sound); break;
+        case Command::Kind::remove:
+            Silence(sound);
+            Forget(track);
+            break;
         case Command::Kind::seek:
-            if (gliding) AddTail(sound.head_, 0);
-            sound.untouched_ = true;
-            sound.head_.SetPosition(command.value);
-            sound.reached.store(command.value, std::memory_order_relaxed);
+            if (gliding) AddTail(sound.head, 0);
+            sound.untouched = true;
+            sound.head.SetPosition(command.value);
+            track.reached.store(command.value, std::memory_order_relaxed);
             break;
         case Command::Kind::gains:
-            sound.gains_ = command.gains;
+            sound.gains = command.gains;
             // A sound just started keeps the fade with which it starts.
-            if (gliding) sound.head_.SetGains(sound.gains_, glide_frames);
+            if (gliding) sound.head.SetGains(sound.gains, glide_frames);
             break;
         case Command::Kind::step:
-            sound.head_.SetStep(command.value, gliding ? glide_frames : 0);
+            sound.head.SetStep(command.value, gliding ? glide_frames : 0);
             break;
     }
 }
 
-void Mixer::Start(Track& sound, bool looping, unsigned number) noexcept {
-    sound.head_.SetLooping(looping);
-    sound.play_ = number;
-    if (sound.playing_) return;
-    sound.playing_ = true;
-    sound.untouched_ = true;
-    sound.next_ = playing_;
-    playing_ = &sound;
+void Mixer::Start(Track& track, bool looping, unsigned number) noexcept {
+    if (!track.known_) {
+        track.known_ = true;
+        track.next_ = tracks_;
+        tracks_ = &track;
+    }
+    Track::State& sound = track.now_;
+    sound.head.SetLooping(looping);
+    sound.play = number;
+    if (sound.playing) return;
+    sound.playing = true;
+    sound.untouched = true;
 }
 
-void Mixer::Silence(Track& sound) noexcept {
-    if (!sound.playing_) return;
-    if (!sound.untouched_) AddTail(sound.head_, 0);
-    TakeOut(sound);
+void Mixer::Silence(Track::State& sound) noexcept {
+    if (sound.playing && !sound.untouched) AddTail(sound.head, 0);
+    sound.playing = false;
 }
 
-void Mixer::TakeOut(Track& sound) noexcept {
-    sound.playing_ = false;
-    Track** link = &playing_;
-    while (*link != &sound) link = &(*link)->next_;
-    *link = sound.next_;
+void Mixer::Forget(Track& track) noexcept {
+    Track** link = &tracks_;
+    while (*link != nullptr && *link != &track) link = &(*link)->next_;
+    if (*link != nullptr) *link = track.next_;
 }
 
 // Takes a copy of the playhead, so that the sound itself may stand still, move or be freed.
@@ -183,11 +287,11 @@ void Mixer::AddTail(const Playhead& head, int from) noexcept {
     tail.Render(interpolate_, left_.data() + from, right_.data() + from, tail_frames);
 }
 
-void Mixer::MixPiece(float* stereo, int frames) noexcept {
-    Track* next = nullptr;
-    for (Track* sound = playing_; sound != nullptr; sound = next) {
-        next = sound->next_;
-        MixSound(*sound, frames);
+void Mixer::Render(Sources sources, float* stereo, int frames) noexcept {
+    std::fill_n(stereo, 2 * frames, 0.0F);
+    AddSources(sources, stereo, frames);
+    for (Track* track = tracks_; track != nullptr; track = track->next_) {
+        if (track->now_.playing) MixSound(track->now_, frames);
     }
     for (int i = 0; i < frames; ++i) {
         stereo[2 * i] += left_[i];
@@ -198,41 +302,40 @@ void Mixer::MixPiece(float* stereo, int frames) noexcept {
         std::fill(sums->end() - frames, sums->end(), 0.0F);
     }
     limiter_.Process(stereo, frames);
+    frame_ += frames;
 }
 
-void Mixer::MixSound(Track& sound, int frames) noexcept {
-    if (sound.untouched_) {
-        const bool mid_wave = sound.head_.Position() != 0;
-        if (mid_wave) sound.head_.SetGains({}, 0);
-        sound.head_.SetGains(sound.gains_, mid_wave ? start_frames : 0);
-        sound.untouched_ = false;
+void Mixer::MixSound(Track::State& sound, int frames) noexcept {
+    if (sound.untouched) {
+        const bool mid_wave = sound.head.Position() != 0;
+        if (mid_wave) sound.head.SetGains({}, 0);
+        sound.head.SetGains(sound.gains, mid_wave ? start_frames : 0);
+        sound.untouched = false;
     }
-    const int playable = sound.head_.FramesLeft(frames);
-    sound.head_.Render(interpolate_, left_.data(), right_.data(), playable);
-    if (!sound.head_.AtEnd()) return;
+    const int playable = sound.head.FramesLeft(frames);
+    sound.head.Render(interpolate_, left_.data(), right_.data(), playable);
+    if (!sound.head.AtEnd()) return;
     // What the interpolation still makes of the last samples fades out behind the end.
-    AddTail(sound.head_, playable);
+    AddTail(sound.head, playable);
     End(sound);
 }
 
-void Mixer::PassOver(Track& sound, int frames) noexcept {
-    sound.head_.Pass(sound.head_.FramesLeft(frames));
-    sound.untouched_ = true;
-    if (sound.head_.AtEnd()) End(sound);
+void Mixer::PassOver(Track::State& sound, int frames) noexcept {
+    sound.head.Pass(sound.head.FramesLeft(frames));
+    sound.untouched = true;
+    if (sound.head.AtEnd()) End(sound);
 }
 
-void Mixer::End(Track& sound) noexcept {
-    TakeOut(sound);
-    sound.head_.SetPosition(0);
-    sound.reached.store(0, std::memory_order_relaxed);
-    sound.ended.store(sound.play_, std::memory_order_release);
+void Mixer::End(Track::State& sound) noexcept {
+    sound.playing = false;
+    sound.head.SetPosition(0);
+    sound.ended = sound.play;
 }
 
-void Mixer::AddSources(float* stereo, int frames, bool heard) noexcept {
-    for (Source* source : sources_) source->AddTo(stereo, frames, heard);
+void Mixer::AddSources(Sources sources, float* stereo, int frames) noexcept {
+    for (Source* source : sources) source->AddTo(stereo, frames);
     const bool sounding = std::any_of(stereo, stereo + 2 * frames, [](float s) { return s != 0; });
-    quiet_.store(sounding ? 0 : quiet_.load(std::memory_order_relaxed) + frames,
-                 std::memory_order_relaxed);
+    quiet_since_ = sounding ? 0 : quiet_since_ + frames;
 }
 
 }  // namespace tamlo

@@ -12,7 +12,7 @@ constexpr std::chrono::milliseconds longest_steady_gap{100};
 
 }  // namespace
 
-Tap::Tap(Mixer& mixer) : mixer_(&mixer), card_pulled_(Now()) {}
+Tap::Tap(Mixer& mixer) : mixer_(&mixer), changes_(mixer.Changes()), card_pulled_(Now()) {}
 
 Tap::Nanoseconds Tap::Now() {
     return std::chrono::steady_clock::now().time_since_epoch();
@@ -27,6 +27,28 @@ void Tap::Pull(float* stereo, int frames) noexcept {
     }
     mixer_->Mix(stereo, frames, !unheard_.exchange(false));
     Count(frames);
+}
+
+bool Tap::PullAhead(float* stereo, int frames) noexcept {
+    NoteCardPull();
+    const auto turn = TurnOf(Output::card);
+    if (!turn) {
+        std::fill_n(stereo, 2 * frames, 0.0F);
+        return true;
+    }
+    const bool unheard = unheard_.exchange(false);
+    const bool mixed = mixer_->MixAhead(stereo, frames, !unheard);
+    if (!mixed && unheard) unheard_ = true;
+    return mixed;
+}
+
+void Tap::Settle(int ahead) noexcept {
+    if (const auto turn = TurnOf(Output::card)) Count(mixer_->Settle(ahead));
+}
+
+std::optional<int> Tap::Rewind(int ahead) noexcept {
+    const auto turn = TurnOf(Output::card);
+    return turn ? mixer_->Rewind(ahead) : 0;
 }
 
 void Tap::Pass(int frames) noexcept {

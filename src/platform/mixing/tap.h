@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <mutex>
+#include <optional>
 
 #include "platform/mixing/mixer.h"
 
@@ -19,6 +20,14 @@ class Tap {
 
     /// Fills the card's block. Real-time safe, as Mixer::Mix is.
     void Pull(float* stereo, int frames) noexcept;
+    /// The same for a card that asks for its blocks before they are heard: see Mixer. Not for a
+    /// card that pulls as well.
+    bool PullAhead(float* stereo, int frames) noexcept;
+    void Settle(int ahead) noexcept;
+    /// None must be rendered anew if it is not the card's turn.
+    std::optional<int> Rewind(int ahead) noexcept;
+    /// See Mixer::Changes.
+    ChangeBell& Changes() { return *changes_; }
     /// For the clock: lets the time of so many frames pass. Nothing if it is not in charge.
     void Pass(int frames) noexcept;
     /// The card gets silence from now on, and no time passes; the mixer is no longer used once this
@@ -50,6 +59,8 @@ class Tap {
     void Count(int frames) noexcept;
 
     Mixer* mixer_;
+    const std::shared_ptr<ChangeBell>
+        changes_;         ///< a card may hang for longer than the mixer lives
     std::mutex pulling_;  ///< the audio threads only try it
     std::atomic<Output> in_charge_{Output::card};
     std::atomic<bool> unheard_{false};  ///< the sources have not been told yet

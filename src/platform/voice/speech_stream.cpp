@@ -33,7 +33,8 @@ void SpeechStream::Put(std::span<const float> samples) noexcept {
 }
 
 void SpeechStream::Commit() noexcept {
-    written_.store(put_, std::memory_order_release);
+    written_.store(put_);
+    if (starving_) RingChange();
 }
 
 void SpeechStream::Retract() noexcept {
@@ -48,7 +49,17 @@ void SpeechStream::RingWhenDownTo(int frames) noexcept {
 }
 
 void SpeechStream::Drop() noexcept {
+    const bool sounding = Left() > 0;
     dropped_.store(written_.load(std::memory_order_relaxed), std::memory_order_release);
+    if (sounding) RingChange();
+}
+
+void SpeechStream::SetGain(float gain) noexcept {
+    if (gain_target_.exchange(gain, std::memory_order_relaxed) != gain && Left() > 0) RingChange();
+}
+
+void SpeechStream::RingChange() noexcept {
+    if (ChangeBell* bell = changed_; bell != nullptr) bell->Ring();
 }
 
 int SpeechStream::Left() const noexcept {
@@ -59,33 +70,49 @@ int SpeechStream::Left() const noexcept {
     return written > gone ? static_cast<int>(written - gone) : 0;
 }
 
-void SpeechStream::AddTo(float* stereo, int frames, bool heard) noexcept {
-    std::uint64_t taken = taken_.load(std::memory_order_relaxed);
-    NoteWhetherHeard(heard, frames);
-    std::uint64_t dropped = dropped_.load(std::memory_order_acquire);
-    if (taken < dropped) taken = KeepTail(taken, dropped);
-    if (tail_left_ > 0) AddTail(stereo, frames);
-
-    std::uint64_t written = written_.load(std::memory_order_acquire);
-    int count = returned_ ? 0 : static_cast<int>(std::min<std::uint64_t>(written - taken, frames));
-    if (idle_) gain_ = gain_target_.load(std::memory_order_relaxed);
-    if (count > 0) AddSamples(stereo, count, taken);
-    taken += static_cast<std::uint64_t>(count);
-    taken_.store(taken);
-
-    idle_ = taken == written;
-    if (count > 0 && idle_) ended.Ring();
-    int ring_at = ring_at_.load();
-    bool low = written - taken <= static_cast<std::uint64_t>(std::max(ring_at, 0));
-    if (ring_at >= 0 && low && ring_at_.exchange(-1) >= 0) woken.Ring();
-}
-
-void SpeechStream::NoteWhetherHeard(bool heard, int frames) noexcept {
+void SpeechStream::Heed(bool heard) noexcept {
     if (heard && unheard_) {
         returned_ = true;
         woken.Ring();
     }
     unheard_ = !heard;
+    now_.returned = returned_;
+    const std::uint64_t dropped = dropped_.load(std::memory_order_acquire);
+    now_.gain_target = gain_target_.load(std::memory_order_relaxed);
+    const bool idle = now_.taken == now_.written;
+    if (idle) now_.gain = now_.gain_target;
+    now_.written = written_.load(std::memory_order_acquire);
+    if (now_.taken >= dropped) return;
+    if (!idle) KeepTail(dropped);
+    now_.taken = dropped;
+}
+
+void SpeechStream::AddTo(float* stereo, int frames) noexcept {
+    if (now_.tail_left > 0) AddTail(stereo, frames);
+    const auto left = now_.returned ? 0 : now_.written - now_.taken;
+    AddSamples(stereo, static_cast<int>(std::min<std::uint64_t>(left, frames)));
+}
+
+void SpeechStream::Remember(int mark) noexcept {
+    marks_[static_cast<std::size_t>(mark)] = now_;
+    const bool starving = now_.taken == now_.written;
+    starving_ = starving;
+    // More may have been written just before.
+    if (starving && written_ != now_.written) RingChange();
+}
+
+void SpeechStream::Settle(int mark, int frames) noexcept {
+    const std::uint64_t taken = marks_[static_cast<std::size_t>(mark)].taken;
+    const bool any = taken != taken_.exchange(taken);
+    NoteHeard(frames);
+    const std::uint64_t written = written_.load(std::memory_order_acquire);
+    if (any && taken == written) ended.Ring();
+    const int ring_at = ring_at_.load();
+    const bool low = written - taken <= static_cast<std::uint64_t>(std::max(ring_at, 0));
+    if (ring_at >= 0 && low && ring_at_.exchange(-1) >= 0) woken.Ring();
+}
+
+void SpeechStream::NoteHeard(int frames) noexcept {
     if (unheard_ || returned_) {
         mark_ = heard_up_to_;
         since_mark_ = 0;
@@ -98,41 +125,41 @@ void SpeechStream::NoteWhetherHeard(bool heard, int frames) noexcept {
     since_mark_ = 0;
 }
 
-std::uint64_t SpeechStream::KeepTail(std::uint64_t from, std::uint64_t to) noexcept {
+void SpeechStream::KeepTail(std::uint64_t to) noexcept {
     std::array<float, tail_frames> tail{};
     // A tail still sounding goes on below the new one.
-    std::copy(tail_.end() - tail_left_, tail_.end(), tail.begin());
-    int count = static_cast<int>(std::min<std::uint64_t>(to - from, tail_frames));
+    std::copy(now_.tail.end() - now_.tail_left, now_.tail.end(), tail.begin());
+    const auto count = static_cast<int>(std::min<std::uint64_t>(to - now_.taken, tail_frames));
     for (int i = 0; i < count; ++i) {
         float fade = 1.0f - static_cast<float>(i + 1) / static_cast<float>(tail_frames + 1);
         tail[static_cast<std::size_t>(i)] +=
-            ring_[Slot(from + static_cast<std::uint64_t>(i))] * gain_ * fade;
+            ring_[Slot(now_.taken + static_cast<std::uint64_t>(i))] * now_.gain * fade;
     }
-    tail_ = tail;
-    tail_left_ = tail_frames;
-    gain_ = gain_target_.load(std::memory_order_relaxed);
-    return to;
+    now_.tail = tail;
+    now_.tail_left = tail_frames;
+    now_.gain = now_.gain_target;
 }
 
 void SpeechStream::AddTail(float* stereo, int frames) noexcept {
-    int count = std::min(frames, tail_left_);
-    const float* sample = tail_.data() + (tail_frames - tail_left_);
+    int count = std::min(frames, now_.tail_left);
+    const float* sample = now_.tail.data() + (tail_frames - now_.tail_left);
     for (int i = 0; i < count; ++i) {
         *stereo++ += sample[i];
         *stereo++ += sample[i];
     }
-    tail_left_ -= count;
+    now_.tail_left -= count;
 }
 
-void SpeechStream::AddSamples(float* stereo, int frames, std::uint64_t from) noexcept {
-    const float target = gain_target_.load(std::memory_order_relaxed);
+void SpeechStream::AddSamples(float* stereo, int frames) noexcept {
+    float gain = now_.gain;
     for (int i = 0; i < frames; ++i) {
-        gain_ = gain_ < target ? std::min(gain_ + gain_step, target)
-                               : std::max(gain_ - gain_step, target);
-        float sample = ring_[Slot(from + static_cast<std::uint64_t>(i))] * gain_;
+        gain = gain < now_.gain_target ? std::min(gain + gain_step, now_.gain_target)
+                                       : std::max(gain - gain_step, now_.gain_target);
+        float sample = ring_[Slot(now_.taken++)] * gain;
         *stereo++ += sample;
         *stereo++ += sample;
     }
+    now_.gain = gain;
 }
 
 }  // namespace tamlo

@@ -46,7 +46,7 @@ class SpeechStream : public Source {
     /// Silences all that was committed.
     void Drop() noexcept;
     /// 0 to 1, reached in a few milliseconds.
-    void SetGain(float gain) noexcept { gain_target_.store(gain, std::memory_order_relaxed); }
+    void SetGain(float gain) noexcept;
     float Gain() const noexcept { return gain_target_.load(std::memory_order_relaxed); }
     /// Committed samples that have neither been taken nor dropped.
     int Left() const noexcept;
@@ -65,34 +65,51 @@ class SpeechStream : public Source {
 
     // The audio thread's side.
 
-    void AddTo(float* stereo, int frames, bool heard) noexcept override;
+    void Heed(bool heard) noexcept override;
+    void AddTo(float* stereo, int frames) noexcept override;
+    void Remember(int mark) noexcept override;
+    void ReturnTo(int mark) noexcept override { now_ = marks_[static_cast<std::size_t>(mark)]; }
+    void Settle(int mark, int frames) noexcept override;
+    void RingOnChange(ChangeBell* bell) noexcept override { changed_ = bell; }
 
     Wakeup woken;  ///< rung for the maker
     Wakeup ended;  ///< rung when the last sample has been taken
 
   private:
-    void NoteWhetherHeard(bool heard, int frames) noexcept;
-    std::uint64_t KeepTail(std::uint64_t from, std::uint64_t to) noexcept;
+    /// What it takes to go on from one sample of the stream.
+    struct State {
+        std::uint64_t taken = 0;
+        std::uint64_t written = 0;  ///< as far as has been heeded
+        float gain = 1.0f;
+        float gain_target = 1.0f;
+        bool returned = false;
+        std::array<float, tail_frames> tail{};
+        int tail_left = 0;  ///< the samples still to be heard are the last of `tail`
+    };
+
+    void RingChange() noexcept;
+    void NoteHeard(int frames) noexcept;
+    void KeepTail(std::uint64_t to) noexcept;
     void AddTail(float* stereo, int frames) noexcept;
-    void AddSamples(float* stereo, int frames, std::uint64_t from) noexcept;
+    void AddSamples(float* stereo, int frames) noexcept;
 
     std::vector<float> ring_;
     std::uint64_t put_ = 0;  ///< the maker's own
     std::atomic<std::uint64_t> written_{0};
     std::atomic<std::uint64_t> dropped_{0};
-    std::atomic<std::uint64_t> taken_{0};
+    std::atomic<std::uint64_t> taken_{0};  ///< for good
+    std::atomic<bool> starving_{true};     ///< silence was added behind all that was heeded
     std::atomic<int> ring_at_{-1};  ///< samples left at which the maker wants to be woken, or -1
     std::atomic<float> gain_target_{1.0f};
     std::atomic<std::uint64_t> heard_up_to_{0};
     std::atomic<bool> returned_{false};
+    std::atomic<ChangeBell*> changed_{nullptr};
     // The audio thread's own:
-    float gain_ = 1.0f;
+    State now_;
+    std::array<State, most_marks> marks_{};
     bool unheard_ = false;    ///< nobody hears what is taken
     std::uint64_t mark_ = 0;  ///< position, the next for `heard_up_to_`
     int since_mark_ = 0;      ///< frames
-    bool idle_ = true;        ///< nothing was left, so that the gain may jump
-    std::array<float, tail_frames> tail_{};
-    int tail_left_ = 0;  ///< the samples still to be heard are the last of `tail_`
 };
 
 }  // namespace tamlo

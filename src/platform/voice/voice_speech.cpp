@@ -25,13 +25,28 @@ constexpr std::size_t most_threads = 4;
 /// Whatever stream is the present worker's.
 class VoiceSpeech::PresentStream : public Source {
   public:
-    void Follow(SpeechStream& stream) { stream_ = &stream; }
-    void AddTo(float* stereo, int frames, bool heard) noexcept override {
-        stream_.load()->AddTo(stereo, frames, heard);
+    /// The bell is for one stream at a time, and of one thread: the game's.
+    void Follow(SpeechStream& stream) {
+        if (SpeechStream* before = stream_; before != nullptr) before->RingOnChange(nullptr);
+        stream.RingOnChange(bell_);
+        stream_ = &stream;
     }
+    void RingOnChange(ChangeBell* bell) noexcept override {
+        bell_ = bell;
+        stream_.load()->RingOnChange(bell);
+    }
+
+    void Heed(bool heard) noexcept override { stream_.load()->Heed(heard); }
+    void AddTo(float* stereo, int frames) noexcept override {
+        stream_.load()->AddTo(stereo, frames);
+    }
+    void Remember(int mark) noexcept override { stream_.load()->Remember(mark); }
+    void ReturnTo(int mark) noexcept override { stream_.load()->ReturnTo(mark); }
+    void Settle(int mark, int frames) noexcept override { stream_.load()->Settle(mark, frames); }
 
   private:
     std::atomic<SpeechStream*> stream_{nullptr};
+    ChangeBell* bell_ = nullptr;
 };
 
 struct VoiceSpeech::Shared {
