@@ -2,7 +2,7 @@
 # The Debian packages that the project needs; read by scripts/common.sh.
 
 # To build anything at all: one configuration serves the game, its tools and its tests.
-build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libespeak-ng-dev libbrlapi-dev
+build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libpulse-dev libespeak-ng-dev libbrlapi-dev
     flite1-dev libpng-dev liblouis-dev libgtest-dev libgmock-dev libbenchmark-dev"
 
 # To play what has been built.

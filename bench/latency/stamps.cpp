@@ -1,9 +1,10 @@
-// Preloaded into a program that plays through SDL, stamps what happens inside it, and lays a steady
-// marker under its sound: -66 dB at half the sampling rate, so that nothing but a drop-out is ever
-// entirely silent in a recording. The program itself is the one that players have.
+// Preloaded into a program that plays through SDL or libpulse, stamps what happens inside it, and
+// lays a steady marker under its sound: -66 dB at half the sampling rate, so that nothing but a
+// drop-out is ever entirely silent in a recording. The program itself is the one that players have.
 #include <SDL2/SDL.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pulse/stream.h>
 #include <sys/mman.h>
 #include <time.h>
 #include <unistd.h>
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <vector>
 
 #include "stamps.h"
 
@@ -50,13 +52,10 @@ Function* Next(const char* name, Function* /*own*/) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-SDL_AudioCallback fill = nullptr;
+constexpr int frame_bytes = 2 * sizeof(float);
 
-void FillAndMark(void* user, Uint8* bytes, int count) {
-    const std::int64_t begin = Now();
-    fill(user, bytes, count);
-    auto* samples = reinterpret_cast<float*>(bytes);
-    const int frames = count / static_cast<int>(2 * sizeof(float));
+/// Marks a block; its first audible frame, -1 if there is none.
+int Mark(float* samples, int frames) {
     int first = -1;
     for (int frame = 0; frame < frames; ++frame) {
         const float level =
@@ -66,7 +65,15 @@ void FillAndMark(void* user, Uint8* bytes, int count) {
         samples[2 * frame] += mark;
         samples[2 * frame + 1] += mark;
     }
-    Note(begin, StampKind::block, first);
+    return first;
+}
+
+SDL_AudioCallback fill = nullptr;  ///< null in a program that uses libpulse itself
+
+void FillAndMark(void* user, Uint8* bytes, int count) {
+    const std::int64_t begin = Now();
+    fill(user, bytes, count);
+    Note(begin, StampKind::block, Mark(reinterpret_cast<float*>(bytes), count / frame_bytes));
 }
 
 }  // namespace
@@ -93,4 +100,26 @@ extern "C" int SDL_PeepEvents(SDL_Event* events, int count, SDL_eventaction acti
     const bool taken = found == 1 && action == SDL_GETEVENT && events->type == SDL_KEYDOWN;
     if (taken) Note(Now(), StampKind::key, events->key.keysym.sym);
     return found;
+}
+
+extern "C" int pa_stream_connect_playback(pa_stream* stream, const char* device,
+                                          const pa_buffer_attr* sizes, pa_stream_flags_t flags,
+                                          const pa_cvolume* volume, pa_stream* partner) {
+    static auto* const connect = Next("pa_stream_connect_playback", pa_stream_connect_playback);
+    if (fill == nullptr) {
+        Note(Now(), StampKind::device, static_cast<int>(sizes->minreq) / frame_bytes);
+    }
+    return connect(stream, device, sizes, flags, volume, partner);
+}
+
+extern "C" int pa_stream_write(pa_stream* stream, const void* bytes, std::size_t count,
+                               pa_free_cb_t release, std::int64_t offset, pa_seek_mode_t seek) {
+    static auto* const write_on = Next("pa_stream_write", pa_stream_write);
+    if (fill != nullptr) return write_on(stream, bytes, count, release, offset, seek);
+    const std::int64_t begin = Now();
+    const auto* samples = static_cast<const float*>(bytes);
+    std::vector<float> marked(samples, samples + count / sizeof(float));
+    Note(begin, StampKind::block, Mark(marked.data(), static_cast<int>(count) / frame_bytes));
+    if (release != nullptr) release(const_cast<void*>(bytes));
+    return write_on(stream, marked.data(), count, nullptr, offset, seek);
 }
