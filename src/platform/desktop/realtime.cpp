@@ -5,11 +5,19 @@
 #include <SDL.h>
 #include <sched.h>
 
+#include <system_error>
+#include <thread>
+
 namespace tamlo {
 namespace {
 
 // Above all that is not real-time, below the sound servers and the kernel's own threads.
 constexpr int priority = 3;
+
+bool HasRealTime(int thread) {
+    const int policy = sched_getscheduler(thread) & ~SCHED_RESET_ON_FORK;
+    return policy == SCHED_RR || policy == SCHED_FIFO;
+}
 
 }  // namespace
 
@@ -19,12 +27,25 @@ void AskForRealTime() {
 }
 
 void TakeRealTime() noexcept {
-    const int policy = sched_getscheduler(0) & ~SCHED_RESET_ON_FORK;
-    if (policy == SCHED_RR || policy == SCHED_FIFO) return;
+    if (HasRealTime(0)) return;
+    // What the thread may start does not inherit the priority; the broker insists on that.
     sched_param wanted{};
     wanted.sched_priority = priority;
-    // What the thread may start does not inherit the priority.
-    sched_setscheduler(0, SCHED_RR | SCHED_RESET_ON_FORK, &wanted);
+    if (sched_setscheduler(0, SCHED_RR | SCHED_RESET_ON_FORK, &wanted) == 0) return;
+    wanted.sched_priority = 0;
+    sched_setscheduler(0, SCHED_OTHER | SCHED_RESET_ON_FORK, &wanted);
+}
+
+// The way to the broker may hang: no thread that matters goes it.
+void AskBrokerFor(int thread) {
+    if (thread == 0 || HasRealTime(thread)) return;
+    try {
+        std::thread([thread] {
+            SDL_LinuxSetThreadPriorityAndPolicy(thread, SDL_THREAD_PRIORITY_TIME_CRITICAL,
+                                                SCHED_RR);
+        }).detach();
+    } catch (const std::system_error&) {  // it goes on without
+    }
 }
 
 }  // namespace tamlo

@@ -11,4 +11,8 @@ void AskForRealTime();
 /// given it but the user's limits allow it; goes on without where they do not.
 void TakeRealTime() noexcept;
 
+/// Has the broker give it to a thread that has gone on without, by its number in the system;
+/// returns at once.
+void AskBrokerFor(int thread);
+
 }  // namespace tamlo

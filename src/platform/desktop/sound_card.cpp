@@ -1,5 +1,5 @@
-// SDL's audio device, and the keeper that stays with it. Only the keeper's thread opens and closes
-// the device: a sound server that hangs can hold up nothing but the keeper.
+// The stream to the card, and the keeper that stays with it. Only the keeper's thread opens and
+// closes the device: a sound server that hangs can hold up nothing but the keeper.
 #include "platform/desktop/sound_card.h"
 
 #include <SDL.h>
@@ -15,7 +15,9 @@
 
 #include "platform/desktop/block_size.h"
 #include "platform/desktop/card_stream.h"
+#include "platform/desktop/pulse_stream.h"
 #include "platform/desktop/realtime.h"
+#include "platform/desktop/sdl_stream.h"
 #include "platform/desktop/sound_servers.h"
 
 namespace tamlo {
@@ -49,14 +51,19 @@ class SoundCard::Keeper {
     CardReport Report();
 
   private:
+    enum class Trial { opened, failed, hangs };
+
     bool Open();
-    bool OpenWith(const std::string& driver);
+    Trial OpenWith(const std::string& driver);
+    std::optional<Trial> OpenPulse();
+    bool OpenSdl(const std::string& driver);
+    void Opened(const std::string& driver);
     bool AwaitBlocks(const CardStream& stream, int count);
     void Close();
     void Watch();
     void Resize(int frames);
     bool Sleep(std::chrono::milliseconds time);
-    void Note(bool opened);
+    void Note(const std::string& driver);
 
     std::shared_ptr<Tap> tap_;
     std::function<bool()> may_interrupt_;
@@ -64,6 +71,7 @@ class SoundCard::Keeper {
 
     // The keeper's thread only.
     std::unique_ptr<CardStream> stream_;
+    SdlStream* sdl_stream_ = nullptr;  ///< the same, if it is the audio library's
     /// Opened but never asked for a block: not the next choice.
     std::optional<std::string> failed_driver_;
     int blocks_seen_ = 0;
@@ -90,7 +98,7 @@ void SoundCard::Keeper::Run() {
             pause = watch_interval;
         } else {
             tap_->PutClockInCharge();
-            Note(false);
+            Note("");
             pause = retry;
             retry = std::min<std::chrono::milliseconds>(retry * 3 / 2, last_retry);
         }
@@ -102,32 +110,70 @@ void SoundCard::Keeper::Run() {
 }
 
 bool SoundCard::Keeper::Open() {
-    KeepAlsaQuiet();
     for (const std::string& driver : SoundDrivers()) {
-        if (driver != failed_driver_ && OpenWith(driver)) return true;
+        if (driver == failed_driver_) continue;
+        switch (OpenWith(driver)) {
+            case Trial::opened: return true;
+            case Trial::failed: break;
+            case Trial::hangs: return false;
+        }
     }
     failed_driver_.reset();
     return false;
 }
 
+SoundCard::Keeper::Trial SoundCard::Keeper::OpenWith(const std::string& driver) {
+    if (driver == "pulseaudio") {
+        if (const std::optional<Trial> trial = OpenPulse()) return *trial;
+    }
+    return OpenSdl(driver) ? Trial::opened : Trial::failed;
+}
+
+/// None if the audio library may know a way.
+std::optional<SoundCard::Keeper::Trial> SoundCard::Keeper::OpenPulse() {
+    auto stream = std::make_unique<PulseStream>(tap_, size_.Frames(), late_);
+    const auto deadline = Clock::now() + longest_opening;
+    while (stream->Opening() == PulseStream::Answer::awaited && Clock::now() < deadline &&
+           Sleep(1ms)) {
+    }
+    switch (stream->Opening()) {
+        case PulseStream::Answer::awaited: return Trial::hangs;
+        case PulseStream::Answer::none: return Trial::failed;
+        case PulseStream::Answer::other: return std::nullopt;
+        case PulseStream::Answer::opened: break;
+    }
+    AskBrokerFor(stream->Thread());
+    stream_ = std::move(stream);
+    Opened("pulseaudio");
+    return Trial::opened;
+}
+
 // SDL_AudioInit rather than SDL_InitSubSystem: it leaves alone what a window, opened by another
 // thread, is setting up.
-bool SoundCard::Keeper::OpenWith(const std::string& driver) {
+bool SoundCard::Keeper::OpenSdl(const std::string& driver) {
+    KeepAlsaQuiet();
     if (SDL_AudioInit(driver.empty() ? nullptr : driver.c_str()) != 0) return false;
     // A PipeWire server without a sink, as it runs for screen sharing only, never finishes opening.
     const bool no_sink =
         SDL_GetCurrentAudioDriver() == std::string("pipewire") && SDL_GetNumAudioDevices(0) == 0;
-    if (!no_sink) stream_ = CardStream::Open(tap_, size_.Frames(), late_);
-    if (stream_ == nullptr) {
+    std::unique_ptr<SdlStream> stream;
+    if (!no_sink) stream = SdlStream::Open(tap_, size_.Frames(), late_);
+    if (stream == nullptr) {
         SDL_AudioQuit();
         return false;
     }
-    stream_->Connect(true);
+    stream->Connect(true);
+    sdl_stream_ = stream.get();
+    stream_ = std::move(stream);
+    Opened(SDL_GetCurrentAudioDriver());
+    return true;
+}
+
+void SoundCard::Keeper::Opened(const std::string& driver) {
     size_.Opened(late_, stream_->CountedFrom());
     silent_watches_ = 0;
     AwaitBlocks(*stream_, 1);
-    Note(true);
-    return true;
+    Note(driver);
 }
 
 /// False if they have not come in the time that an opening may take.
@@ -141,8 +187,9 @@ bool SoundCard::Keeper::AwaitBlocks(const CardStream& stream, int count) {
 void SoundCard::Keeper::Close() {
     if (stream_ == nullptr) return;
     stream_.reset();
-    SDL_AudioQuit();
-    Note(false);
+    if (sdl_stream_ != nullptr) SDL_AudioQuit();
+    sdl_stream_ = nullptr;
+    Note("");
 }
 
 void SoundCard::Keeper::Watch() {
@@ -156,7 +203,7 @@ void SoundCard::Keeper::Watch() {
         tap_->PutClockInCharge();
         Close();
     } else if (const int wanted = size_.Wanted(late_, Clock::now());
-               wanted != size_.Frames() && may_interrupt_()) {
+               sdl_stream_ != nullptr && wanted != size_.Frames() && may_interrupt_()) {
         Resize(wanted);
     }
 }
@@ -164,7 +211,7 @@ void SoundCard::Keeper::Watch() {
 // The next stream sounds before the last is closed, so that a key pressed meanwhile is answered
 // however long a busy machine takes. Only a card that serves one stream at a time pauses.
 void SoundCard::Keeper::Resize(int frames) {
-    std::unique_ptr<CardStream> next = CardStream::Open(tap_, frames, late_);
+    std::unique_ptr<SdlStream> next = SdlStream::Open(tap_, frames, late_);
     if (next == nullptr) {
         tap_->PutClockInCharge();
         Close();
@@ -175,12 +222,13 @@ void SoundCard::Keeper::Resize(int frames) {
         size_.Opened(late_, Clock::now());
         return;
     }
-    stream_->Connect(false);
+    sdl_stream_->Connect(false);
     next->Connect(true);
-    stream_.swap(next);
+    sdl_stream_ = next.get();
+    stream_ = std::move(next);
     size_.Change(frames);
     size_.Opened(late_, stream_->CountedFrom());
-    Note(true);
+    Note(driver_);
 }
 
 /// False when the keeper is to end.
@@ -189,11 +237,11 @@ bool SoundCard::Keeper::Sleep(std::chrono::milliseconds time) {
     return !wake_.wait_for(lock, time, [this] { return ending_; });
 }
 
-void SoundCard::Keeper::Note(bool opened) {
+void SoundCard::Keeper::Note(const std::string& driver) {
     const std::lock_guard lock(mutex_);
-    driver_ = opened ? SDL_GetCurrentAudioDriver() : "";
+    driver_ = driver;
     frames_ = size_.Frames();
-    openings_ += opened;
+    openings_ += !driver.empty();
     first_opening_over_ = true;
     wake_.notify_all();
 }

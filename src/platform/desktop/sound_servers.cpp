@@ -66,8 +66,10 @@ void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, in
 }  // namespace
 
 std::vector<std::string> SoundDrivers() {
+    const std::string wanted = Variable("SDL_AUDIODRIVER");
+    if (wanted == "pulseaudio") return {wanted};
     // An empty name has the audio library read the variable itself.
-    if (!Variable("SDL_AUDIODRIVER").empty()) return {""};
+    if (!wanted.empty()) return {""};
     switch (Ask(PipeWireSocket())) {
         case Server::none: return {"pulseaudio", "alsa"};
         case Server::answers: return {"pipewire", "pulseaudio", "alsa"};

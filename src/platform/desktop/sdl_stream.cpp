@@ -1,5 +1,5 @@
 // SDL's audio device.
-#include "platform/desktop/card_stream.h"
+#include "platform/desktop/sdl_stream.h"
 
 #include <SDL.h>
 
@@ -13,19 +13,17 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr auto settling_time = 1s;
-
 }  // namespace
 
-CardStream::CardStream(std::shared_ptr<Tap> tap, std::atomic<int>& late)
+SdlStream::SdlStream(std::shared_ptr<Tap> tap, std::atomic<int>& late)
     : tap_(std::move(tap)),
       counted_from_(Clock::now() + settling_time),
       late_(late),
       last_block_(counted_from_) {}
 
-std::unique_ptr<CardStream> CardStream::Open(std::shared_ptr<Tap> tap, int frames,
-                                             std::atomic<int>& late) {
-    std::unique_ptr<CardStream> stream(new CardStream(std::move(tap), late));
+std::unique_ptr<SdlStream> SdlStream::Open(std::shared_ptr<Tap> tap, int frames,
+                                           std::atomic<int>& late) {
+    std::unique_ptr<SdlStream> stream(new SdlStream(std::move(tap), late));
     SDL_AudioSpec wanted{};
     wanted.freq = stream_rate;
     wanted.format = AUDIO_F32SYS;
@@ -39,22 +37,22 @@ std::unique_ptr<CardStream> CardStream::Open(std::shared_ptr<Tap> tap, int frame
     return stream;
 }
 
-CardStream::~CardStream() {
+SdlStream::~SdlStream() {
     if (device_ != 0) SDL_CloseAudioDevice(device_);
 }
 
-bool CardStream::Gone() const {
+bool SdlStream::Gone() const {
     return SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED;
 }
 
-void CardStream::OnBlock(void* stream, std::uint8_t* bytes, int count) {
+void SdlStream::OnBlock(void* stream, std::uint8_t* bytes, int count) {
     constexpr int frame_bytes = 2 * sizeof(float);
-    static_cast<CardStream*>(stream)->Fill(reinterpret_cast<float*>(bytes), count / frame_bytes);
+    static_cast<SdlStream*>(stream)->Fill(reinterpret_cast<float*>(bytes), count / frame_bytes);
 }
 
 // A server holds about one block more than the one it is asking for, so that a block asked for
 // two blocks' time after the last has most likely left a gap.
-void CardStream::Fill(float* stereo, int frames) {
+void SdlStream::Fill(float* stereo, int frames) {
     if (blocks_ == 0) TakeRealTime();
     const auto now = Clock::now();
     const auto block_time = std::chrono::microseconds(1000000LL * frames / stream_rate);
