@@ -18,8 +18,11 @@ import unittest
 from keyboard import Keyboard
 from machine import NO_SOUND, Display, stop
 from programs import Command, Game, Reference, Service
-from recording import PipeWire, PulseAudio
+from recording import PIECE, PipeWire, PulseAudio
 
+DELAYS = ("keys", "others", "starts", "work")
+COURSES = ("idle", "held")  # what shows only in the course of minutes
+BLOCK = 256  # frames, of the game
 
 # All other figures are delays, kept in seconds and told in milliseconds.
 NO_DELAYS = ("callbacks", "processor, %", "wakes a second", "resident, MB")
@@ -179,22 +182,28 @@ class Bench:
             program.close()
 
     def run(self):
+        """Delays are recorded in the shortest steps. Where only drop-outs count, the server goes in
+        steps of the game's blocks, as it would if nobody recorded."""
         for kind in (PulseAudio, PipeWire):
             if self.options.server not in (None, kind.name):
                 continue
-            with tempfile.TemporaryDirectory() as place:
-                try:
-                    server = kind(place)
-                except unittest.SkipTest as missing:
-                    print(f"{kind.name}: {missing}")
-                    continue
-                try:
-                    self.run_on(server)
-                finally:
-                    server.close()
+            for step, figures in ((PIECE, DELAYS), (BLOCK, COURSES)):
+                if wanted := [figure for figure in figures if figure in self.options.figures]:
+                    self.run_on(kind, step, wanted)
 
-    def run_on(self, server):
-        wanted = self.options.figures
+    def run_on(self, kind, step, wanted):
+        with tempfile.TemporaryDirectory() as place:
+            try:
+                server = kind(place, step)
+            except unittest.SkipTest as missing:
+                print(f"{kind.name}: {missing}")
+                return
+            try:
+                self.measure_all(server, wanted)
+            finally:
+                server.close()
+
+    def measure_all(self, server, wanted):
         self.report.heading()
         if "keys" in wanted:
             for condition in ("menu", "driving"):
@@ -210,7 +219,7 @@ class Bench:
             self.starts(server)
         if "work" in wanted:
             self.work(server)
-        for what in ("idle", "held"):
+        for what in COURSES:
             if what in wanted:
                 self.long(server, what)
 
@@ -223,7 +232,7 @@ def main(game, bench):
     parser.add_argument("--minutes", type=float, default=10, help="of idle and held (10)")
     parser.add_argument("--server", choices=["PulseAudio", "PipeWire"], help="only this one")
     parser.add_argument("--figures", nargs="+", default=["keys", "others", "starts"],
-                        choices=["keys", "others", "starts", "work", "idle", "held"])
+                        choices=DELAYS + COURSES)
     parser.add_argument("--rounds", type=int, default=3, help="of work, in turn (3)")
     parser.add_argument("--seconds", type=float, default=20, help="of each round (20)")
     options = parser.parse_args()

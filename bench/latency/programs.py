@@ -17,6 +17,7 @@ LOOPS = ("tamlo3", "tamlob1", "tamlob2", "tamlob3", "tamlob4")  # scooter's idle
 DEVICE, KEY, BLOCK = 1, 2, 3
 STAMP = struct.Struct("<qii")
 MOST_STAMPS = 1 << 18
+TRIES = 5  # of the speech service, until it says what it was told
 
 
 class Stamps:
@@ -283,6 +284,14 @@ class Service:
         self.tell("CANCEL SELF")
         time.sleep(0.05)
         figures["silence"].append(self.recording.await_quiet(asked, 0.1) - asked)
+        # Most of what it is told right behind breaking off, the service drops.
+        for _ in range(TRIES):
+            if delay := self.break_off_and_say():
+                figures["break off and say"].append(delay)
+                break
+
+    def break_off_and_say(self):
+        """None if it was not said."""
         self.settle()
         asked = time.monotonic()
         self.say("we were away all year")  # voiced throughout: the first silence is the break
@@ -293,8 +302,7 @@ class Service:
         broken_off = self.recording.await_quiet(asked, 0.004)
         time.sleep(1)
         said = self.recording.onset(broken_off + 0.004)
-        if said:  # now and then the service drops what it is told right behind breaking off
-            figures["break off and say"].append(said - asked)
+        return said and said - asked
 
     def close(self):
         self.socket.close()

@@ -92,7 +92,8 @@ class Recording:
 class PulseAudio:
     name = "PulseAudio"
 
-    def __init__(self, folder):
+    def __init__(self, folder, step=PIECE):
+        """Recorded in steps of so many frames: the sink takes no longer ones."""
         need("pulseaudio", "pactl", "parec")
         runtime = os.path.join(folder, "pulse")
         os.mkdir(runtime, 0o700)
@@ -116,8 +117,8 @@ class PulseAudio:
         wait_until(lambda: b"null" in subprocess.run(["pactl", "list", "sinks"], env=client,
                                                      capture_output=True).stdout, "PulseAudio")
         self.recording = Recording(
-            ["parec", "--latency-msec=1", "--process-time-msec=1", "-d", "null.monitor",
-             "--format=float32le", f"--rate={RATE}", "--channels=1"], client)
+            ["parec", f"--latency-msec={1000 * step // RATE}", "--process-time-msec=1", "-d",
+             "null.monitor", "--format=float32le", f"--rate={RATE}", "--channels=1"], client)
 
     def close(self):
         self.recording.close()
@@ -129,7 +130,7 @@ class PipeWire:
 
     name = "PipeWire"
 
-    def __init__(self, folder):
+    def __init__(self, folder, step=PIECE):
         need("pipewire", "wireplumber", "pipewire-pulse", "pw-cat", "pw-cli", "dbus-run-session")
         runtime = os.path.join(folder, "pipewire")
         os.mkdir(runtime, 0o700)
@@ -151,7 +152,7 @@ class PipeWire:
         subprocess.run(["pactl", "set-default-sink", "null"], env=client, capture_output=True)
         self.recording = Recording(
             ["pw-cat", "--record", "--target", "null", "-P", "stream.capture.sink=true",
-             "--latency", "48", "--format", "f32", f"--rate={RATE}", "--channels=1", "-"], client)
+             "--latency", str(step), "--format", "f32", f"--rate={RATE}", "--channels=1", "-"], client)
 
     def _start(self, command, environment):
         self.servers.append(subprocess.Popen(command, env=environment, start_new_session=True,
