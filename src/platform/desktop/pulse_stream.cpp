@@ -88,7 +88,7 @@ class PulseStream::Line {
     void OnStream();
     void Fill();
     void AskWhere();
-    void Rewrite();
+    void Rewrite(bool told);
     int Held() const;
     void Write(int blocks_wanted);
 
@@ -277,21 +277,20 @@ void PulseStream::Line::AskWhere() {
     if (asking_) return;
     pa_operation* question = pa_stream_update_timing_info(
         stream_.get(),
-        [](pa_stream* /*stream*/, int /*success*/, void* user) {
-            auto* line = static_cast<Line*>(user);
-            line->asking_ = false;
-            line->Rewrite();
+        [](pa_stream* /*stream*/, int told, void* line) {
+            static_cast<Line*>(line)->Rewrite(told != 0);
         },
         this);
     asking_ = question != nullptr;
     Forget(question);
 }
 
-void PulseStream::Line::Rewrite() {
+void PulseStream::Line::Rewrite(bool told) {
+    asking_ = false;
     if (!changed_ || pa_stream_get_state(stream_.get()) != PA_STREAM_READY) return;
     const pa_timing_info* where = pa_stream_get_timing_info(stream_.get());
     const bool known =
-        where != nullptr && !where->read_index_corrupt && !where->write_index_corrupt;
+        told && where != nullptr && !where->read_index_corrupt && !where->write_index_corrupt;
     const int held =
         known ? static_cast<int>(std::clamp<std::int64_t>(
                     (where->write_index - where->read_index) / frame_bytes, 0, Mixer::most_ahead))

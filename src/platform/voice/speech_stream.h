@@ -16,6 +16,8 @@ namespace tamlo {
 /// A ring of samples without a lock. Positions only ever grow: the maker writes at `written`, the
 /// audio thread takes from `taken`, and what lies before `dropped` is silenced but for a short
 /// faded tail, which is kept apart so that the next text's first samples are not delayed by it.
+/// What is taken ahead of what is heard may be taken again: samples are kept until they are
+/// settled.
 class SpeechStream : public Source {
   public:
     /// The maker gets one second ahead: enough to bridge any delay of its own.
