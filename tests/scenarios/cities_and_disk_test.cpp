@@ -90,6 +90,12 @@ TEST(DataFolder, IsFoundWhateverItsLettersAndElseTheCurrentDirectoryServes) {
     EXPECT_EQ(here.Content("tamlo.cfg"), " 0\r\n 0\r\n 100\r\n 0\r\n 2\r\n");
 }
 
+TEST(Settings, AVoiceIsKeptAsSoonAsItIsChosen) {
+    RehearsedGame game;
+    game.Run("voices 3\npress down down down enter n y");
+    EXPECT_EQ(game.Content("tamlo.cfg").substr(0, 4), " 1\r\n");
+}
+
 TEST(StubbornDisk, IsToldOnceBehindTheTitleAndTheGameGoesOn) {
     RehearsedGame game;
     StubbornFiles files("tolvane");

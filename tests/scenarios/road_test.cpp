@@ -85,6 +85,7 @@ TEST(Scenes, FiveInLineTrailEachOtherAndAreSilencedOneByOne) {
     for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(pans[i].second, start[i]);
     EXPECT_EQ(pans[10].second, -2000 + 47);
     EXPECT_EQ(pans[5 * 102].second, 2747);
+    EXPECT_NEAR(pans[5 * 102].first - pans[5].first, 101 * 0.11, 1e-6);
     std::vector<double> starts;
     for (const TraceLine& line : run.lines) {
         if (line.event.starts_with("play tamlo87 loop")) starts.push_back(line.seconds);
