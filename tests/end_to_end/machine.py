@@ -209,6 +209,11 @@ class SoundServer:
         for server in self.servers:
             server.send_signal(number)
 
+    def pause(self, paused):
+        """Has the server pause its sink, as for another user of the machine, or go on."""
+        subprocess.run(["pactl", "suspend-sink", "null", str(int(paused))], check=True,
+                       env=dict(os.environ, **self.environment))
+
     def kill(self):
         for server in self.servers:
             stop(server)

@@ -11,6 +11,7 @@ GAME = sys.argv[1]
 BACK = 3  # until the game is heard again; 0.05 to 0.4 on a quiet one
 ANSWERED = 3  # until a key is answered, heard or not
 ENDED = 5
+HELD = 0.3   # that may sound on when the server goes on; it holds 0.128
 BEGUN = 10  # 1.5 on a quiet one; the server's own limit for a connection is 30
 
 
@@ -33,6 +34,7 @@ class TakenAway(Case):
         since = time.monotonic()
         wait_until(lambda: server.first_sound(since), "sound")
         self.soon(server.first_sound(since) - since, BACK, "heard again")
+        wait_until(lambda: server.heard(since + HELD), "more than what the server held")
 
     def soon(self, seconds, most, what):
         print(f"{what} after {seconds:.2f} s", flush=True)
@@ -75,6 +77,14 @@ class TakenAway(Case):
         game.ended()
         self.soon(time.monotonic() - begin, ENDED, "the end")
 
+    def pause(self, server, game):
+        server.pause(True)
+        self.answer(game, "Down", "reed instructions")
+        time.sleep(3)
+        server.pause(False)
+        self.heard_again(server)
+        self.answer(game, "Up", "start game")
+
     def begin_the_day(self, server, game):
         game.press("Return")
         server.halt()
@@ -103,7 +113,7 @@ class TakenAway(Case):
         self.soon(game.line(line) - begin, most, line)
 
     def test_pulseaudio(self):
-        self.play(SoundServer, self.begin_the_day)
+        self.play(SoundServer, self.pause, self.begin_the_day)
 
     def test_pipewire(self):
         self.play(PipeWireServer)

@@ -18,6 +18,8 @@ class CardStream {
     virtual Time CountedFrom() const = 0;
     /// Whether the card or its server is known to be gone.
     virtual bool Gone() const = 0;
+    /// Whether the server has paused it, and will go on of itself.
+    virtual bool Paused() const { return false; }
 };
 
 /// How long servers take to find their pace.

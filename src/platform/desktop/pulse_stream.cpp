@@ -73,6 +73,7 @@ class PulseStream::Line {
     std::atomic<int> thread{0};
     std::atomic<int> blocks{0};
     std::atomic<bool> gone{false};
+    std::atomic<bool> paused{false};
     const Time counted_from_;
 
   private:
@@ -82,6 +83,7 @@ class PulseStream::Line {
     void Watch(ChangeBell& bell, pa_io_event_cb_t callback);
     void Note(Answer what);
 
+    void Fail();
     void OnContext();
     void OnServer(const pa_server_info* server);
     void OpenStream();
@@ -169,9 +171,14 @@ void PulseStream::Line::Connect() {
     if (pa_context_connect(context_.get(), nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) gone = true;
 }
 
+void PulseStream::Line::Fail() {
+    if (pa_context_errno(context_.get()) == PA_ERR_TIMEOUT) Note(Answer::hangs);
+    gone = true;
+}
+
 void PulseStream::Line::OnContext() {
     const pa_context_state_t state = pa_context_get_state(context_.get());
-    if (!PA_CONTEXT_IS_GOOD(state)) gone = true;
+    if (!PA_CONTEXT_IS_GOOD(state)) Fail();
     if (state != PA_CONTEXT_READY) return;
     Forget(pa_context_get_server_info(
         context_.get(),
@@ -207,6 +214,12 @@ void PulseStream::Line::OpenStream() {
             static_cast<Line*>(line)->Fill();
         },
         this);
+    pa_stream_set_suspended_callback(
+        stream_.get(),
+        [](pa_stream* stream, void* line) {
+            static_cast<Line*>(line)->paused = pa_stream_is_suspended(stream) == 1;
+        },
+        this);
     pa_stream_set_underflow_callback(
         stream_.get(),
         [](pa_stream* /*stream*/, void* user) {
@@ -230,13 +243,14 @@ void PulseStream::Line::OpenStream() {
 
 void PulseStream::Line::OnStream() {
     const pa_stream_state_t state = pa_stream_get_state(stream_.get());
-    if (!PA_STREAM_IS_GOOD(state)) gone = true;
+    if (!PA_STREAM_IS_GOOD(state)) Fail();
     if (state != PA_STREAM_READY) return;
     const pa_buffer_attr* sizes = pa_stream_get_buffer_attr(stream_.get());
     depth_ = static_cast<int>(sizes->tlength) / frame_bytes;
     Watch(tap_->Changes(),
           [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
              pa_io_event_flags_t /*flags*/, void* line) { static_cast<Line*>(line)->AskWhere(); });
+    paused = pa_stream_is_suspended(stream_.get()) == 1;
     Fill();
     Note(Answer::opened);
 }
@@ -329,6 +343,10 @@ PulseStream::Time PulseStream::CountedFrom() const {
 
 bool PulseStream::Gone() const {
     return line_->gone;
+}
+
+bool PulseStream::Paused() const {
+    return line_->paused;
 }
 
 }  // namespace tamlo

@@ -19,6 +19,7 @@ class PulseStream final : public CardStream {
         opened,
         none,   ///< no such server, or no sink
         other,  ///< another server that only speaks its protocol
+        hangs,  ///< it is there and has not answered for half a minute
     };
 
     /// Begins to open the server's default sink. Blocks of so many frames are asked for, and filled
@@ -37,6 +38,7 @@ class PulseStream final : public CardStream {
     int Blocks() const override;
     Time CountedFrom() const override;
     bool Gone() const override;
+    bool Paused() const override;
 
   private:
     class Line;

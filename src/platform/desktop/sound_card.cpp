@@ -129,15 +129,17 @@ SoundCard::Keeper::Trial SoundCard::Keeper::OpenWith(const std::string& driver) 
     return OpenSdl(driver) ? Trial::opened : Trial::failed;
 }
 
-/// None if the audio library may know a way.
+/// None if the audio library may know a way. A server that does not answer is waited for, so that
+/// it is heard as soon as it does; nobody waits for the keeper so long.
 std::optional<SoundCard::Keeper::Trial> SoundCard::Keeper::OpenPulse() {
     auto stream = std::make_unique<PulseStream>(tap_, size_.Frames(), late_);
-    const auto deadline = Clock::now() + longest_opening;
-    while (stream->Opening() == PulseStream::Answer::awaited && Clock::now() < deadline &&
-           Sleep(1ms)) {
+    const auto longest = Clock::now() + longest_opening;
+    while (stream->Opening() == PulseStream::Answer::awaited &&
+           Sleep(Clock::now() < longest ? 1ms : 20ms)) {
     }
     switch (stream->Opening()) {
-        case PulseStream::Answer::awaited: return Trial::hangs;
+        case PulseStream::Answer::awaited:
+        case PulseStream::Answer::hangs: return Trial::hangs;
         case PulseStream::Answer::none: return Trial::failed;
         case PulseStream::Answer::other: return std::nullopt;
         case PulseStream::Answer::opened: break;
@@ -194,7 +196,7 @@ void SoundCard::Keeper::Close() {
 
 void SoundCard::Keeper::Watch() {
     const int blocks = stream_->Blocks();
-    silent_watches_ = blocks == blocks_seen_ ? silent_watches_ + 1 : 0;
+    silent_watches_ = blocks == blocks_seen_ && !stream_->Paused() ? silent_watches_ + 1 : 0;
     blocks_seen_ = blocks;
     const bool silent = silent_watches_ > longest_silence;
     if (silent || stream_->Gone()) {
