@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
-#include <csignal>
 #include <cstdint>
 #include <deque>
 #include <mutex>
@@ -20,6 +19,7 @@
 #include "platform/brltty/brlapi_keys.h"
 #include "platform/brltty/brlapi_library.h"
 #include "platform/system/descriptor.h"
+#include "platform/system/signals_held.h"
 
 namespace tamlo {
 namespace {
@@ -206,11 +206,7 @@ class BrailleDisplay::Reader {
 };
 
 BrailleDisplay::BrailleDisplay(Plan plan) : mailbox_(std::make_shared<Mailbox>(std::move(plan))) {
-    // Signals are for the game's thread, which a signal is to wake.
-    sigset_t all;
-    sigset_t before;
-    ::sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
+    const SignalsHeld held;
     try {
         std::thread([box = mailbox_] {
             if (const auto library = LoadBrlapi()) Reader(*box, *library).Run();
@@ -219,7 +215,6 @@ BrailleDisplay::BrailleDisplay(Plan plan) : mailbox_(std::make_shared<Mailbox>(s
     } catch (const std::system_error&) {
         mailbox_->End();
     }
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 BrailleDisplay::~BrailleDisplay() {

@@ -2,9 +2,7 @@
 // more of the stream, the game's changes with another end of it. Nothing here waits for the server.
 #include "platform/desktop/pulse_stream.h"
 
-#include <pthread.h>
 #include <pulse/pulseaudio.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,6 +13,7 @@
 #include <vector>
 
 #include "platform/desktop/realtime.h"
+#include "platform/system/signals_held.h"
 
 namespace tamlo {
 namespace {
@@ -74,7 +73,6 @@ class PulseStream::Line {
     std::atomic<int> blocks{0};
     std::atomic<bool> gone{false};
     std::atomic<bool> paused{false};
-    const Time counted_from_;
 
   private:
     void StartThread();
@@ -94,6 +92,7 @@ class PulseStream::Line {
     int Held() const;
     void Write(int blocks_wanted);
 
+    const Clock::time_point counted_from_;
     const std::shared_ptr<Tap> tap_;
     const int frames_;
     std::atomic<int>& late_;
@@ -119,17 +118,12 @@ void PulseStream::Line::Note(Answer what) {
 }
 
 void PulseStream::Line::StartThread() {
-    // Signals are for the game's thread, which a signal is to wake.
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
+    const SignalsHeld held;
     try {
         thread_ = std::thread([this] { Run(); });
     } catch (const std::system_error&) {
         Note(Answer::none);
     }
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 void PulseStream::Line::Run() {
@@ -335,10 +329,6 @@ int PulseStream::Thread() const {
 
 int PulseStream::Blocks() const {
     return line_->blocks;
-}
-
-PulseStream::Time PulseStream::CountedFrom() const {
-    return line_->counted_from_;
 }
 
 bool PulseStream::Gone() const {

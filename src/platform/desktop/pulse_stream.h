@@ -36,7 +36,6 @@ class PulseStream final : public CardStream {
     int Thread() const;
 
     int Blocks() const override;
-    Time CountedFrom() const override;
     bool Gone() const override;
     bool Paused() const override;
 

@@ -15,6 +15,8 @@ namespace tamlo {
 /// A server that hangs may hold up its thread: in opening and in closing for as long as it hangs.
 class SdlStream final : public CardStream {
   public:
+    using Time = std::chrono::steady_clock::time_point;
+
     /// Opens the default card with blocks of so many frames, by the audio library's present driver;
     /// null if there is none. Blocks are asked for from then on. `late` counts those that came so
     /// late that a drop-out is likely; it must outlive the stream.
@@ -27,7 +29,8 @@ class SdlStream final : public CardStream {
     /// Whether the blocks are filled from the tap, or with silence, as at first.
     void Connect(bool connected) { connected_ = connected; }
     int Blocks() const override { return blocks_; }
-    Time CountedFrom() const override { return counted_from_; }
+    /// Late blocks before this moment are not counted.
+    Time CountedFrom() const { return counted_from_; }
     bool Gone() const override;
 
   private:

@@ -165,6 +165,7 @@ bool SoundCard::Keeper::OpenSdl(const std::string& driver) {
         return false;
     }
     stream->Connect(true);
+    size_.Opened(late_, stream->CountedFrom());
     sdl_stream_ = stream.get();
     stream_ = std::move(stream);
     Opened(SDL_GetCurrentAudioDriver());
@@ -172,7 +173,6 @@ bool SoundCard::Keeper::OpenSdl(const std::string& driver) {
 }
 
 void SoundCard::Keeper::Opened(const std::string& driver) {
-    size_.Opened(late_, stream_->CountedFrom());
     silent_watches_ = 0;
     AwaitBlocks(*stream_, 1);
     Note(driver);
@@ -204,9 +204,9 @@ void SoundCard::Keeper::Watch() {
         // Now rather than when the clock notices: closing can take long.
         tap_->PutClockInCharge();
         Close();
-    } else if (const int wanted = size_.Wanted(late_, Clock::now());
-               sdl_stream_ != nullptr && wanted != size_.Frames() && may_interrupt_()) {
-        Resize(wanted);
+    } else if (sdl_stream_ != nullptr) {
+        const int wanted = size_.Wanted(late_, Clock::now());
+        if (wanted != size_.Frames() && may_interrupt_()) Resize(wanted);
     }
 }
 
@@ -229,7 +229,7 @@ void SoundCard::Keeper::Resize(int frames) {
     sdl_stream_ = next.get();
     stream_ = std::move(next);
     size_.Change(frames);
-    size_.Opened(late_, stream_->CountedFrom());
+    size_.Opened(late_, sdl_stream_->CountedFrom());
     Note(driver_);
 }
 

@@ -59,8 +59,8 @@ class Tap {
     void Count(int frames) noexcept;
 
     Mixer* mixer_;
-    const std::shared_ptr<ChangeBell>
-        changes_;         ///< a card may hang for longer than the mixer lives
+    /// A card may hang for longer than the mixer lives.
+    const std::shared_ptr<ChangeBell> changes_;
     std::mutex pulling_;  ///< the audio threads only try it
     std::atomic<Output> in_charge_{Output::card};
     std::atomic<bool> unheard_{false};  ///< the sources have not been told yet

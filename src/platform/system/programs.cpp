@@ -15,6 +15,7 @@
 #include <thread>
 
 #include "platform/system/safe_write.h"
+#include "platform/system/signals_held.h"
 
 namespace tamlo {
 namespace {
@@ -89,17 +90,12 @@ void AwaitEnd(pid_t child) {
 
 /// Takes note of the child's end whenever it comes, so that it does not stay as a zombie.
 void AwaitEndAside(pid_t child) {
-    sigset_t all;
-    sigset_t before;
-    ::sigfillset(&all);
-    // The new thread inherits the mask: signals to this program must find its main thread.
-    ::pthread_sigmask(SIG_SETMASK, &all, &before);
+    const SignalsHeld held;
     try {
         std::thread(AwaitEnd, child).detach();
     } catch (const std::system_error&) {
         // The child runs all the same; the system clears it away when this program ends.
     }
-    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 /// Sets a signal's treatment for a while.

@@ -1,6 +1,5 @@
 #include "platform/voice/voice_worker.h"
 
-#include <signal.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -9,6 +8,7 @@
 #include <cmath>
 #include <system_error>
 
+#include "platform/system/signals_held.h"
 #include "platform/voice/wording.h"
 
 namespace tamlo {
@@ -252,17 +252,12 @@ void VoiceWorker::Progress() {
 
 VoiceThread::VoiceThread(std::unique_ptr<Synthesizer> synthesizer, Onset onset)
     : worker_(std::make_shared<VoiceWorker>(std::move(synthesizer), onset)) {
-    // Signals are for the game's thread, which a signal is to wake.
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
+    const SignalsHeld held;
     try {
         thread_ = std::thread([worker = worker_] { worker->Run(); });
     } catch (const std::system_error&) {
         worker_->HaveNoVoices();
     }
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 VoiceThread::~VoiceThread() {
