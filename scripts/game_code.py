@@ -2,8 +2,8 @@
 
 import re
 
-FOLDERS = ("game", "speech", "sound", "city", "orders", "driving", "store")
-TEST_FOLDERS = FOLDERS + ("scenarios",)
+FOLDERS = ("text", "game", "speech", "sound", "city", "orders", "driving", "store", "day")
+TEST_FOLDERS = ("text", "game", "sound", "city", "day", "store", "scenarios")
 NOT_OF_THE_GAME = {"soundsmith_test", "vocabulary_test", "sound_set_test", "captions_test",
                    "doctor_test"}
 

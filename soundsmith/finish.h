@@ -1,8 +1,8 @@
 // From a recipe to the finished sound of an effect.
 #pragma once
 
-#include "effects.h"
 #include "sound.h"
+#include "sound/effects.h"
 
 namespace tamlo::soundsmith {
 

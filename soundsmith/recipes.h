@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "chance.h"
-#include "effects.h"
 #include "sound.h"
+#include "sound/effects.h"
 
 namespace tamlo::soundsmith {
 

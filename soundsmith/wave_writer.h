@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <string>
 
-#include "effects.h"
 #include "sound.h"
+#include "sound/effects.h"
 
 namespace tamlo::soundsmith {
 

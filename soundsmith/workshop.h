@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "effects.h"
+#include "sound/effects.h"
 
 namespace tamlo::soundsmith {
 

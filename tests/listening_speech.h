@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/speech.h"
+#include "services/speech.h"
 
 namespace tamlo {
 

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
-#include "platform/mixing/mixer.h"
-#include "platform/mixing_signals.h"
+#include "audio/mixing/mixer.h"
+#include "audio/mixing_signals.h"
 
 namespace tamlo {
 namespace {

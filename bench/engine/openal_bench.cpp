@@ -11,8 +11,8 @@
 #include <cstring>
 #include <vector>
 
-#include "platform/mixing/source.h"
-#include "platform/mixing_signals.h"
+#include "audio/mixing/source.h"
+#include "audio/mixing_signals.h"
 
 namespace tamlo {
 namespace {

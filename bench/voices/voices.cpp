@@ -13,10 +13,10 @@
 #include <thread>
 #include <vector>
 
-#include "platform/voice/synthesizer.h"
-#include "platform/voice/voice_speech.h"
-#include "platform/voice/voices.h"
-#include "platform/voice/wording.h"
+#include "audio/voice/synthesizer.h"
+#include "audio/voice/voice_speech.h"
+#include "audio/voice/voices.h"
+#include "audio/voice/wording.h"
 #include "prompts.h"
 
 namespace tamlo {

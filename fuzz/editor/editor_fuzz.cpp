@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "fuzzing.h"
-#include "platform/terminal/editor_choice.h"
+#include "linux/terminal/editor_choice.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace tamlo;

@@ -2,7 +2,7 @@
 #include <string>
 
 #include "fuzzing.h"
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace tamlo;

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "fuzzing.h"
-#include "orders/clock_text.h"
-#include "orders/number_text.h"
+#include "text/clock_text.h"
+#include "text/number_text.h"
 
 namespace tamlo {
 namespace {

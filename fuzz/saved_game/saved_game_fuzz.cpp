@@ -3,9 +3,9 @@
 #include <string>
 
 #include "fuzzing.h"
-#include "game/play_time.h"
-#include "orders/number_text.h"
 #include "store/saved_game.h"
+#include "text/number_text.h"
+#include "text/play_time.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace tamlo;

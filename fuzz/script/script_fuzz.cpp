@@ -4,7 +4,7 @@
 
 #include "fuzzing.h"
 #include "game/game_fields.h"
-#include "platform/rehearsal/script.h"
+#include "rehearsal/script.h"
 
 namespace tamlo {
 namespace {

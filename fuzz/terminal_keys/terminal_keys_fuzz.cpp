@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "fuzzing.h"
-#include "platform/terminal/terminal_keys.h"
+#include "linux/terminal/terminal_keys.h"
 
 namespace tamlo {
 namespace {

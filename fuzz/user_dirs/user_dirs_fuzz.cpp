@@ -2,7 +2,7 @@
 #include <string>
 
 #include "fuzzing.h"
-#include "platform/system/user_dirs.h"
+#include "linux/system/user_dirs.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace tamlo;

@@ -5,10 +5,10 @@
 #include <span>
 #include <string>
 
+#include "audio/voice/synthesizer.h"
+#include "audio/voice/wording.h"
 #include "city/streets_file.h"
 #include "fuzzing.h"
-#include "platform/voice/synthesizer.h"
-#include "platform/voice/wording.h"
 
 namespace tamlo {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <memory>
 
-#include "platform/mixing/mixer.h"
-#include "platform/mixing/wave_file.h"
+#include "audio/mixing/mixer.h"
+#include "audio/mixing/wave_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace tamlo;

@@ -1,9 +1,9 @@
 // Any bytes as a text to be spoken: clean for the engine, and never much longer than it was.
 #include <string>
 
+#include "audio/voice/wording.h"
 #include "fuzzing.h"
-#include "platform/voice/wording.h"
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace tamlo;

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/braille/pages.h"
+#include "reading/pages.h"
 
 namespace tamlo {
 namespace {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "effects.h"
 #include "report/measures.h"
 #include "sound.h"
+#include "sound/effects.h"
 
 namespace tamlo::soundsmith {
 

@@ -1,7 +1,7 @@
 // Where the player is: the corner and heading, the layout, and one block of driving.
 #include "city/street_names.h"
 #include "game/form1.h"
-#include "platform/desktop.h"
+#include "services/desktop.h"
 
 namespace tamlo {
 namespace {

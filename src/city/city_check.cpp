@@ -4,7 +4,7 @@
 #include <map>
 
 #include "city/streets_file.h"
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace tamlo {
 namespace {

@@ -5,10 +5,10 @@
 #include <algorithm>
 
 #include "game/form1.h"
-#include "platform/desktop.h"
-#include "platform/files.h"
+#include "services/desktop.h"
+#include "services/files.h"
 #include "speech/menus.h"
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace tamlo {
 namespace {

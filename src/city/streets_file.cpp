@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace tamlo {
 namespace {

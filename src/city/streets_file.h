@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "city/city_fields.h"
+#include "game/city_fields.h"
 
 namespace tamlo {
 

@@ -5,10 +5,10 @@
 #include "driving/hazards.h"
 #include "driving/road_scenes.h"
 #include "game/form1.h"
-#include "orders/number_text.h"
-#include "platform/clock.h"
-#include "platform/random.h"
-#include "platform/sound.h"
+#include "services/clock.h"
+#include "services/random.h"
+#include "services/sound.h"
+#include "text/number_text.h"
 
 namespace tamlo {
 namespace {

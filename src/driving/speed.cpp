@@ -1,7 +1,7 @@
 // How fast to go: one or two digit keys, capped by the vehicle.
-#include "driving/vehicles.h"
 #include "game/form1.h"
-#include "speech/key_codes.h"
+#include "game/vehicles.h"
+#include "services/key_codes.h"
 
 namespace tamlo {
 namespace {

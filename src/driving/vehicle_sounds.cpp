@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "game/form1.h"
-#include "platform/sound.h"
+#include "services/sound.h"
 
 namespace tamlo {
 

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "game/game_state.h"
-#include "platform/events.h"
-#include "platform/platform.h"
+#include "services/events.h"
+#include "services/platform.h"
 
 namespace tamlo {
 

@@ -7,7 +7,7 @@
 #include <variant>
 
 #include "game/game_state.h"
-#include "orders/number_text.h"
+#include "text/number_text.h"
 
 namespace tamlo {
 namespace {

@@ -2,13 +2,13 @@
 // writes, and every operation may read and write any of them.
 #pragma once
 
-#include "city/city_fields.h"
-#include "driving/driving_fields.h"
+#include "game/city_fields.h"
+#include "game/driving_fields.h"
 #include "game/flow_fields.h"
-#include "orders/order_fields.h"
-#include "sound/sound_fields.h"
-#include "speech/speech_fields.h"
-#include "store/store_fields.h"
+#include "game/order_fields.h"
+#include "game/sound_fields.h"
+#include "game/speech_fields.h"
+#include "game/store_fields.h"
 
 namespace tamlo {
 

@@ -2,10 +2,10 @@
 #include <cmath>
 
 #include "game/form1.h"
-#include "orders/clock_text.h"
-#include "platform/clock.h"
-#include "platform/speech.h"
-#include "speech/key_codes.h"
+#include "services/clock.h"
+#include "services/key_codes.h"
+#include "services/speech.h"
+#include "text/clock_text.h"
 
 namespace tamlo {
 namespace {

@@ -4,9 +4,9 @@
 #include <cstdlib>
 
 #include "game/form1.h"
-#include "game/play_time.h"
 #include "orders/menu_card.h"
-#include "orders/number_text.h"
+#include "text/number_text.h"
+#include "text/play_time.h"
 
 namespace tamlo {
 namespace {

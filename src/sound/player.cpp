@@ -3,7 +3,7 @@
 #include <array>
 
 #include "game/form1.h"
-#include "platform/sound.h"
+#include "services/sound.h"
 
 namespace tamlo {
 namespace {

@@ -1,6 +1,6 @@
 // The start-up check of the wave files: are they the ones the game was made with?
 #include "game/form1.h"
-#include "platform/files.h"
+#include "services/files.h"
 #include "sound/text_fields.h"
 #include "sound/wave_fingerprints.h"
 

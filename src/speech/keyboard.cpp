@@ -1,8 +1,8 @@
 // The keyboard: the single slot of the pending key, waiting for a key, typing a line.
 #include "game/form1.h"
-#include "platform/speech.h"
-#include "speech/key_codes.h"
-#include "store/text_encoding.h"
+#include "services/key_codes.h"
+#include "services/speech.h"
+#include "text/text_encoding.h"
 
 namespace tamlo {
 namespace {

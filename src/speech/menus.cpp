@@ -1,7 +1,7 @@
 #include "speech/menus.h"
 
 #include "game/form1.h"
-#include "speech/key_codes.h"
+#include "services/key_codes.h"
 
 namespace tamlo {
 namespace {

@@ -3,9 +3,9 @@
 #include <functional>
 
 #include "game/form1.h"
-#include "platform/sound.h"
-#include "platform/speech.h"
-#include "speech/key_codes.h"
+#include "services/key_codes.h"
+#include "services/sound.h"
+#include "services/speech.h"
 #include "speech/menus.h"
 
 namespace tamlo {

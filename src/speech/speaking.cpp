@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "game/form1.h"
-#include "platform/clock.h"
-#include "platform/speech.h"
+#include "services/clock.h"
+#include "services/speech.h"
 
 namespace tamlo {
 

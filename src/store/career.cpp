@@ -2,16 +2,16 @@
 #include <algorithm>
 #include <array>
 
-#include "driving/vehicles.h"
 #include "game/form1.h"
-#include "game/play_time.h"
-#include "orders/number_text.h"
-#include "platform/clock.h"
-#include "platform/desktop.h"
-#include "platform/end_of_process.h"
-#include "platform/files.h"
+#include "game/vehicles.h"
+#include "services/clock.h"
+#include "services/desktop.h"
+#include "services/end_of_process.h"
+#include "services/files.h"
 #include "speech/menus.h"
 #include "store/saved_game.h"
+#include "text/number_text.h"
+#include "text/play_time.h"
 
 namespace tamlo {
 namespace {

@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "game/form1.h"
-#include "platform/desktop.h"
-#include "platform/files.h"
+#include "services/desktop.h"
+#include "services/files.h"
 #include "store/settings_file.h"
 
 namespace tamlo {

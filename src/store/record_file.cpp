@@ -4,7 +4,7 @@
 #include <tuple>
 
 #include "store/tagged_values.h"
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace tamlo {
 namespace {

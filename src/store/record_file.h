@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date.h"
+#include "services/date.h"
 
 namespace tamlo {
 

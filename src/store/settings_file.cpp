@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace tamlo {
 namespace {

@@ -4,11 +4,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "audio/voice/pronunciation.h"
 #include "city/city_map.h"
 #include "city/street_names.h"
 #include "city/streets_file.h"
 #include "driving/hazards.h"
-#include "platform/voice/pronunciation.h"
 
 namespace tamlo {
 namespace {

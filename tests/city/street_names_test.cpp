@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "city/streets_file.h"
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace tamlo {
 namespace {

@@ -10,15 +10,15 @@
 #include <deque>
 #include <optional>
 
-#include "app/sound_meanings.h"
+#include "app/sounds/sound_meanings.h"
 #include "game/form1.h"
-#include "platform/captions/captioned_sound.h"
-#include "platform/captions/captioned_speech.h"
-#include "platform/clock.h"
-#include "platform/end_of_process.h"
-#include "platform/rehearsal/rehearsal.h"
-#include "platform/system/disk_files.h"
-#include "platform/terminal/terminal_keys.h"
+#include "linux/system/disk_files.h"
+#include "linux/terminal/terminal_keys.h"
+#include "reading/captioned_sound.h"
+#include "reading/captioned_speech.h"
+#include "rehearsal/rehearsal.h"
+#include "services/clock.h"
+#include "services/end_of_process.h"
 
 namespace tamlo {
 namespace {

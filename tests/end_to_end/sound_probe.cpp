@@ -5,7 +5,7 @@
 #include <iostream>
 #include <thread>
 
-#include "platform/desktop/sound_output.h"
+#include "linux/sound/sound_output.h"
 
 int main(int count, char** arguments) {
     using namespace tamlo;

@@ -9,8 +9,8 @@
 #include <string>
 #include <thread>
 
-#include "platform/desktop/desktop_window.h"
-#include "platform/end_of_process.h"
+#include "linux/window/desktop_window.h"
+#include "services/end_of_process.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/system/disk_files.h"
+#include "linux/system/disk_files.h"
 
 namespace tamlo {
 

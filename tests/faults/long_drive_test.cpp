@@ -9,9 +9,9 @@
 
 #include "game/form1.h"
 #include "game/game_fields.h"
+#include "linux/system/disk_files.h"
 #include "listening_speech.h"
-#include "platform/rehearsal/rehearsal.h"
-#include "platform/system/disk_files.h"
+#include "rehearsal/rehearsal.h"
 #include "scenarios/career_driver.h"
 #include "temporary_folder.h"
 

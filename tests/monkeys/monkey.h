@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "game/game_state.h"
-#include "platform/rehearsal/virtual_time.h"
+#include "rehearsal/virtual_time.h"
 #include "scenarios/career_driver.h"
 
 namespace tamlo {

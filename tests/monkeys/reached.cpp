@@ -8,7 +8,7 @@
 #include "city/street_names.h"
 #include "driving/hazards.h"
 #include "driving/road_scenes.h"
-#include "driving/vehicles.h"
+#include "game/vehicles.h"
 #include "prompts.h"
 
 namespace tamlo {

@@ -8,8 +8,8 @@
 #include <iostream>
 #include <string>
 
+#include "linux/system/programs.h"
 #include "monkeys/life.h"
-#include "platform/system/programs.h"
 
 namespace tamlo {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "game/game_state.h"
-#include "platform/events.h"
+#include "services/events.h"
 #include "temporary_folder.h"
 
 namespace tamlo {

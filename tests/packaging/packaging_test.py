@@ -83,7 +83,7 @@ class ManualPages(unittest.TestCase):
 
     def test_say_what_the_programs_do(self):
         game = page_text(PACKAGING / "man/tamlo.6")
-        keys = re.findall(r"\w+ = \"(\d+)\"", (ROOT / "src/speech/key_codes.h").read_text())
+        keys = re.findall(r"\w+ = \"(\d+)\"", (ROOT / "src/services/key_codes.h").read_text())
         self.assertGreater(len(keys), 10)
         for key in ["Up", "Down", "Left", "Right", "Enter", "Escape", "Shift", "Backspace"] + [
                 f"F{number}" for number in range(1, 7)]:
@@ -97,7 +97,7 @@ class ManualPages(unittest.TestCase):
             self.assertIn(option, page_text(PACKAGING / "man/tamlo-rehearse.1"))
 
         check = page_text(PACKAGING / "man/tamlo-doctor.6")
-        items = re.findall(r'" ([a-z ]+) "', (ROOT / "src/app/doctor.cpp").read_text())
+        items = re.findall(r'" ([a-z ]+) "', (ROOT / "src/app/doctor/doctor.cpp").read_text())
         self.assertEqual(len(items), 5)
         for part in items:
             self.assertIn(part, check)

@@ -4,9 +4,9 @@
 
 #include <optional>
 
-#include "app/sound_meanings.h"
-#include "platform/captions/captioned_sound.h"
-#include "platform/captions/captioned_speech.h"
+#include "app/sounds/sound_meanings.h"
+#include "reading/captioned_sound.h"
+#include "reading/captioned_speech.h"
 #include "rehearsed_game.h"
 
 namespace tamlo {

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "driving/vehicles.h"
 #include "game/game_state.h"
-#include "platform/rehearsal/script.h"
+#include "game/vehicles.h"
+#include "rehearsal/script.h"
 
 namespace tamlo {
 

@@ -4,11 +4,11 @@
 
 #include <chrono>
 
-#include "orders/number_text.h"
 #include "rehearsed_game.h"
 #include "scenarios/career_driver.h"
 #include "store/record_file.h"
 #include "store/saved_game.h"
+#include "text/number_text.h"
 
 namespace tamlo {
 namespace {

@@ -1,10 +1,10 @@
 // The speech and sound check, key by key, and what it makes of machines that lack something.
-#include "app/doctor.h"
+#include "app/doctor/doctor.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/end_of_process.h"
 #include "rehearsed_game.h"
+#include "services/end_of_process.h"
 
 namespace tamlo {
 namespace {

@@ -1,5 +1,5 @@
 // Listening to the names of a city, key by key.
-#include "app/hear_city.h"
+#include "app/city/hear_city.h"
 
 #include <gtest/gtest.h>
 

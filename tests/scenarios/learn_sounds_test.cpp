@@ -1,7 +1,7 @@
 // Learning the sounds, key by key.
 #include <gtest/gtest.h>
 
-#include "app/learn_sounds.h"
+#include "app/sounds/learn_sounds.h"
 #include "rehearsed_game.h"
 
 namespace tamlo {

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "performance.h"
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace tamlo {
 

@@ -12,8 +12,8 @@
 #include <map>
 
 #include "customers/cast.h"
-#include "effects.h"
 #include "report/measures.h"
+#include "sound/effects.h"
 #include "sound/wave_fingerprints.h"
 #include "sound/wave_inspection.h"
 

@@ -8,7 +8,7 @@
 #include "store/saved_game.h"
 #include "store/settings_file.h"
 #include "store/tagged_values.h"
-#include "store/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace tamlo {
 namespace {

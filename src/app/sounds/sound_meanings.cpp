@@ -1,0 +1,37 @@
+// The table of effects has the words, that of the road scenes how they move.
+#include "app/sounds/sound_meanings.h"
+
+#include "driving/road_scenes.h"
+#include "sound/effects.h"
+
+namespace tamlo {
+namespace {
+
+constexpr double bed_level = -30;  // LUFS: what lies under speech is quieter, all else louder
+
+SoundPath PathOf(Movement movement) {
+    switch (movement) {
+        case Movement::ambulance: return SoundPath::nears;
+        case Movement::centred: return SoundPath::none;
+        case Movement::slow_crossing:
+        case Movement::truck:
+        case Movement::crossing: return SoundPath::crosses;
+        case Movement::bus: return SoundPath::halts;
+        case Movement::five_in_line: return SoundPath::in_line;
+    }
+    return SoundPath::none;
+}
+
+}  // namespace
+
+SoundMeaning MeaningOfSound(std::string_view name) {
+    const soundsmith::Effect* const effect = soundsmith::FindEffect(name);
+    if (effect == nullptr) return {};
+    SoundMeaning meaning{.what = effect->role, .bed = effect->loop && effect->lufs < bed_level};
+    for (const RoadScene& scene : road_scenes) {
+        if (scene.sound == name) meaning.path = PathOf(scene.movement);
+    }
+    return meaning;
+}
+
+}  // namespace tamlo

@@ -1,0 +1,280 @@
+#include "audio/voice/voice_worker.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <system_error>
+
+#include "audio/voice/wording.h"
+#include "linux/system/signals_held.h"
+
+namespace tamlo {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto longest_opening = 3s;
+constexpr auto longest_stop = 1s;
+/// Texts that nobody has heard are said again when somebody hears: the last, not all of a long
+/// time.
+constexpr std::size_t most_unheard = 8;
+constexpr int lowest_priority = 19;
+/// -50 dB of full scale: what is softer at the start of a text only delays it.
+constexpr float audible = 0.00316f;
+/// Between texts queued one behind the other, which would run together; none behind the last.
+constexpr std::array<float, stream_rate * 130 / 1000> pause{};
+
+}  // namespace
+
+VoiceWorker::VoiceWorker(std::unique_ptr<Synthesizer> synthesizer, Onset onset)
+    : started_(std::chrono::steady_clock::now()),
+      progress_(started_),
+      synthesizer_(std::move(synthesizer)),
+      onset_(onset) {}
+
+int VoiceWorker::Voices() {
+    const auto end = started_ + longest_opening;
+    while (voices_ < 0 && std::chrono::steady_clock::now() < end) ready_or_finished_.SleepFor(50ms);
+    return std::max(voices_.load(), 0);
+}
+
+bool VoiceWorker::Speak(Utterance utterance) {
+    {
+        std::lock_guard lock(mutex_);
+        if (given_up_ || stop_ || voices_ == 0) return false;
+        ForgetHeard();
+        texts_.push_back({std::move(utterance), {}});
+    }
+    stream.woken.Ring();
+    return true;
+}
+
+void VoiceWorker::ForgetHeard() {
+    const std::uint64_t heard = stream.HeardUpTo();
+    while (begun_ > 0 && texts_.front().end &&
+           (*texts_.front().end <= heard || begun_ > most_unheard)) {
+        texts_.pop_front();
+        --begun_;
+    }
+}
+
+void VoiceWorker::Drop() {
+    {
+        std::lock_guard lock(mutex_);
+        DropLocked();
+    }
+    stream.woken.Ring();
+}
+
+void VoiceWorker::DropLocked() {
+    ++generation_;
+    texts_.clear();
+    begun_ = 0;
+    stream.Drop();
+}
+
+bool VoiceWorker::WantedLocked() const {
+    const bool to_say_again = stream.Returned() && begun_ > 0;
+    return begun_ < texts_.size() || at_work_on_ == generation_ || to_say_again;
+}
+
+bool VoiceWorker::SamplesComing() {
+    std::lock_guard lock(mutex_);
+    return WantedLocked();
+}
+
+// The samples are looked at second: while a text turns into them it is one or the other. Both under
+// the lock: while texts are said again they are neither.
+bool VoiceWorker::Speaking() {
+    std::lock_guard lock(mutex_);
+    return WantedLocked() || stream.Left() > 0;
+}
+
+bool VoiceWorker::SilentFor(std::chrono::milliseconds time) {
+    std::lock_guard lock(mutex_);
+    const bool working = voices_ < 0 || (at_work_on_ != 0 && !waiting_for_room_);
+    return working && WantedLocked() && std::chrono::steady_clock::now() - progress_.load() >= time;
+}
+
+VoiceWorker::Remains VoiceWorker::GiveUp() {
+    std::lock_guard lock(mutex_);
+    Remains remains;
+    if (at_work_on_ == generation_) remains.in_work = texts_[begun_ - 1].utterance.text;
+    for (; begun_ < texts_.size(); ++begun_) {
+        remains.waiting.push_back(std::move(texts_[begun_].utterance));
+    }
+    DropLocked();
+    given_up_ = true;
+    return remains;
+}
+
+void VoiceWorker::BeginToStop() {
+    {
+        std::lock_guard lock(mutex_);
+        DropLocked();
+        stop_ = true;
+    }
+    stream.woken.Ring();
+}
+
+bool VoiceWorker::AwaitStop() {
+    const auto end = std::chrono::steady_clock::now() + longest_stop;
+    while (!finished_ && std::chrono::steady_clock::now() < end) ready_or_finished_.SleepFor(50ms);
+    return finished_;
+}
+
+void VoiceWorker::Yield() {
+    // Of one thread, in this system.
+    if (thread_id_ != 0) setpriority(PRIO_PROCESS, static_cast<id_t>(thread_id_), lowest_priority);
+}
+
+void VoiceWorker::Run() {
+    thread_id_ = gettid();
+    int voices = synthesizer_->Open();
+    {
+        std::lock_guard lock(mutex_);
+        voices_ = voices;
+        given_up_ = false;
+        if (voices == 0) DropLocked();
+        Progress();
+    }
+    ready_or_finished_.Ring();
+    for (Job job; TakeJob(job);) {
+        Synthesize(job);
+        {
+            std::lock_guard lock(mutex_);
+            if (at_work_on_ == generation_) texts_[begun_ - 1].end = stream.Written();
+            at_work_on_ = 0;
+            given_up_ = false;
+        }
+        stream.ended.Ring();
+    }
+    synthesizer_.reset();
+    finished_ = true;
+    ready_or_finished_.Ring();
+}
+
+bool VoiceWorker::TakeJob(Job& job) {
+    for (;; stream.woken.Sleep()) {
+        std::lock_guard lock(mutex_);
+        if (stop_) return false;
+        SayAgain();
+        if (begun_ == texts_.size()) continue;
+        job = {texts_[begun_++].utterance, generation_};
+        at_work_on_ = job.generation;
+        Progress();
+        return true;
+    }
+}
+
+// Whatever has gone unheard since the last purge belongs to where the game still is.
+void VoiceWorker::SayAgain() {
+    ForgetHeard();
+    if (!stream.TakeReturn() || begun_ == 0) return;
+    ++generation_;
+    stream.Drop();
+    begun_ = 0;
+    for (Text& text : texts_) text.end.reset();
+}
+
+void VoiceWorker::Synthesize(const Job& job) {
+    Utterance utterance = job.utterance;
+    utterance.text = WithSpokenAmounts(CleanedForSpeech(utterance.text));
+    // A synthesizer made anew may find fewer.
+    if (utterance.voice >= voices_) utterance.voice = 0;
+    if (utterance.text.find_first_not_of(" \n") == utterance.text.npos) {
+        synthesizer_->Prepare(utterance.voice);
+        return;
+    }
+
+    Resampler resampler(synthesizer_->Rate(utterance.voice));
+    onset_found_ = onset_ == Onset::kept;
+    synthesizer_->Synthesize(utterance, [&](std::span<const std::int16_t> made) {
+        Progress();
+        samples_.clear();
+        resampler.Process(made.data(), made.size(), samples_);
+        return Deliver(samples_, job.generation);
+    });
+    samples_.clear();
+    resampler.Finish(samples_);
+    Deliver(samples_, job.generation);
+}
+
+bool VoiceWorker::Deliver(std::span<const float> samples, std::uint64_t generation) {
+    if (!IsCurrent(generation)) return false;
+    if (!onset_found_) {
+        auto onset = std::find_if(samples.begin(), samples.end(),
+                                  [](float sample) { return std::abs(sample) > audible; });
+        if (onset == samples.end()) return true;
+        onset_found_ = true;
+        samples = {onset, samples.end()};
+        if (stream.Left() > 0 && !PutAll(pause, generation)) return false;
+    }
+    return PutAll(samples, generation);
+}
+
+bool VoiceWorker::PutAll(std::span<const float> samples, std::uint64_t generation) {
+    while (!samples.empty()) {
+        if (!WaitForRoom(generation)) return false;
+        auto count = std::min(samples.size(), static_cast<std::size_t>(stream.Room()));
+        stream.Put(samples.first(count));
+        samples = samples.subspan(count);
+        std::lock_guard lock(mutex_);
+        if (!IsCurrent(generation)) {
+            stream.Retract();
+            return false;
+        }
+        stream.Commit();
+    }
+    return true;
+}
+
+bool VoiceWorker::WaitForRoom(std::uint64_t generation) {
+    while (IsCurrent(generation)) {
+        if (stream.Room() > 0) return true;
+        stream.RingWhenDownTo(SpeechStream::most_ahead / 2);
+        waiting_for_room_ = true;
+        stream.woken.Sleep();
+        Progress();
+        waiting_for_room_ = false;
+        std::lock_guard lock(mutex_);
+        SayAgain();
+    }
+    return false;
+}
+
+void VoiceWorker::Progress() {
+    progress_ = std::chrono::steady_clock::now();
+}
+
+VoiceThread::VoiceThread(std::unique_ptr<Synthesizer> synthesizer, Onset onset)
+    : worker_(std::make_shared<VoiceWorker>(std::move(synthesizer), onset)) {
+    const SignalsHeld held;
+    try {
+        thread_ = std::thread([worker = worker_] { worker->Run(); });
+    } catch (const std::system_error&) {
+        worker_->HaveNoVoices();
+    }
+}
+
+VoiceThread::~VoiceThread() {
+    if (!thread_.joinable()) return;
+    worker_->BeginToStop();
+    if (worker_->AwaitStop()) {
+        thread_.join();
+    } else {
+        thread_.detach();
+    }
+}
+
+void VoiceThread::LeaveBehind() {
+    if (!thread_.joinable()) return;
+    worker_->BeginToStop();
+    worker_->Yield();
+    thread_.detach();
+}
+
+}  // namespace tamlo

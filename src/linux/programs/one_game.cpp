@@ -1,0 +1,36 @@
+// The claim on the data folder, taken before anything in it is touched.
+#include "linux/programs/one_game.h"
+
+#include "game/form1.h"
+#include "linux/system/folder_lock.h"
+#include "services/end_of_process.h"
+#include "services/speech.h"
+
+namespace tamlo {
+namespace {
+
+// A game that was closed a moment ago may still be at it.
+constexpr int most_tries = 20;
+constexpr double between_tries = 0.1;  // s
+
+[[noreturn]] void TellOfTheOther(Form1& game) {
+    game.gs.nov = game.platform.speech.CreateEngine()->GetVoicesCount();
+    game.readCFG();
+    game.setupvoice();
+    game.say(" Tamlo Delivery is running already. Please play on there. ");
+    throw EndOfProcess{1, "Another game is using " + game.gs.datapath + "."};
+}
+
+}  // namespace
+
+void PlayAlone(Form1& game) {
+    game.getdatapath();
+    FolderLock files(game.gs.datapath);
+    for (int tries = 1; !files.Take(); ++tries) {
+        if (tries == most_tries) TellOfTheOther(game);
+        game.dy(between_tries);
+    }
+    game.Form_Load();
+}
+
+}  // namespace tamlo

@@ -1,0 +1,183 @@
+// tamlo-city: checks, makes, speaks and maps city streets files.
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <exception>
+#include <iostream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+#include "app/city/city_braille.h"
+#include "app/city/hear_city.h"
+#include "audio/voice/pronunciation.h"
+#include "city/city_check.h"
+#include "city/street_names.h"
+#include "city/streets_file.h"
+#include "linux/programs/machine.h"
+#include "linux/programs/sounds_folder.h"
+#include "linux/system/disk_files.h"
+#include "linux/system/user_dirs.h"
+
+namespace tamlo {
+namespace {
+
+constexpr int city_is_wrong = 1;
+constexpr int wrong_use = 2;
+
+constexpr const char* usage =
+    "usage: tamlo-city check FILE|NAME   tells what is wrong with a city\n"
+    "       tamlo-city new NAME < LIST   makes a city from a list of names\n"
+    "       tamlo-city say FILE|NAME     speaks its names as the game does\n"
+    "       tamlo-city map FILE|NAME     prints its map in braille, as BRF\n";
+
+/// What can't be done, for the line on standard error.
+struct Refused : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// The folder of the player's files, "" if there is none and `make` is not asked.
+std::string DataFolder(Files& files, bool make) {
+    const std::string documents = DocumentsFolder();
+    if (documents.empty()) throw Refused("there is no Documents folder");
+    const std::string folder = documents + "/tolvane";
+    const std::string found = files.FindFolder(folder);
+    if (!found.empty() || !make) return found;
+    if (!files.MakeFolder(folder)) throw Refused("the folder " + folder + " can't be made");
+    return folder;
+}
+
+std::string DefaultCity() {
+    std::string text;
+    for (const std::string_view road : default_roads) text += std::string(road) + "\r\n";
+    for (int street = 1; street <= most_streets; ++street) text += DefaultStreet(street) + "\r\n";
+    return text;
+}
+
+/// The content of a city's file. A name with a '/' or ".txt" is that of a file.
+std::string ReadCity(const std::string& name) {
+    DiskFiles files;
+    const bool is_file = name.find('/') != name.npos || name.ends_with(streets_ending);
+    const std::string folder = is_file ? "" : DataFolder(files, false);
+    const std::string path = is_file ? name : folder + "/" + StreetsFileName(name);
+    const ReadResult content = is_file || !folder.empty() ? files.Read(path) : ReadResult{};
+    if (content.outcome == ReadResult::Outcome::ok) return content.bytes;
+    if (content.outcome == ReadResult::Outcome::failed) throw Refused(path + " can't be read");
+    if (name == "original") return DefaultCity();
+    throw Refused(is_file ? "there is no file " + name
+                          : "there is no city " + name +
+                                " among your files. A file is named with "
+                                "its folder, as in ./" +
+                                name);
+}
+
+/// The 147 names of a city that is long enough.
+std::vector<std::string> NamesOf(const std::string& name) {
+    std::vector<std::string> names = ReadStreetNames(ReadCity(name));
+    if (names.size() < names_in_a_city) {
+        throw Refused(name + " has " + std::to_string(names.size()) +
+                      " names, and needs 147. tamlo-city check tells more");
+    }
+    return names;
+}
+
+int Check(const std::string& name) {
+    Pronounce pronounce;
+    if (CanPronounce()) pronounce = Pronunciation;
+    const std::vector<CityFinding> findings = CheckCity(ReadCity(name), pronounce);
+    int errors = 0;
+    for (const CityFinding& finding : findings) {
+        const bool error = finding.weight == CityFinding::Weight::error;
+        errors += error;
+        std::cout << (error ? "Error. " : "Hint. ") << finding.text << "\n";
+    }
+    if (!pronounce) std::cout << "No voice is installed, so the sound of names was not compared.\n";
+    const std::size_t hints = findings.size() - static_cast<std::size_t>(errors);
+    if (errors > 0) {
+        std::cout << name << " has to be mended. Errors: " << errors << ". Hints: " << hints
+                  << ".\n";
+        return city_is_wrong;
+    }
+    std::cout << name << " can be played. Hints: " << hints << ".\n";
+    return 0;
+}
+
+int Make(const std::string& name) {
+    if (!UsableCityName(name) || name == "original") {
+        throw Refused("\"" + name + "\" can't be the name of a city");
+    }
+    if (::isatty(STDIN_FILENO) != 0) {
+        std::cerr << "Type the 147 names, one a line. Control and D ends the list.\n";
+    }
+    const std::string list{std::istreambuf_iterator<char>(std::cin), {}};
+    std::vector<std::string> names;
+    for (const StreetField& field : ReadStreetFields(list)) names.push_back(field.name);
+    while (names.size() > names_in_a_city && names.back().empty()) names.pop_back();
+    if (names.size() != names_in_a_city) {
+        throw Refused("the list has " + std::to_string(names.size()) +
+                      " names, and needs 147: 45 roads from north to south, then 102 streets from "
+                      "west to east. tamlo-city check, and the file of the list, tell more");
+    }
+    const auto text = WriteStreetNames(names);
+    if (!text) throw Refused("the list has a name with a double quote or a line end in it");
+
+    DiskFiles files;
+    const std::string path = DataFolder(files, true) + "/" + StreetsFileName(name);
+    if (!files.FindFile(path).empty()) throw Refused(path + " is there already");
+    if (!files.Replace(path, *text)) throw Refused(path + " can't be written");
+    std::cout << path << " has been made.\n";
+    return 0;
+}
+
+int Say(const std::string& name) {
+    const std::vector<std::string> names = NamesOf(name);
+    std::cout.flush();
+    return RunOnThisMachine(SoundsFolder(), [&](Form1& form) { HearCity(form, name, names); });
+}
+
+int Map(const std::string& name) {
+    const std::vector<std::string> names = NamesOf(name);
+    const auto translator = MakeTranslator(Grade::uncontracted);
+    if (!translator)
+        throw Refused(
+            "liblouis or its tables are not installed, or were not when "
+            "this program was built");
+    std::cout << CityInBraille(name, names, *translator);
+    return 0;
+}
+
+struct Command {
+    std::string_view name;
+    int (*run)(const std::string& city);
+};
+constexpr std::array<Command, 4> commands = {
+    {{"check", Check}, {"new", Make}, {"say", Say}, {"map", Map}}};
+
+int Run(int argc, char** argv) {
+    if (argc == 2 && std::string(argv[1]) == "--help") {
+        std::cout << usage;
+        return 0;
+    }
+    for (const Command& command : commands) {
+        if (argc == 3 && argv[1] == command.name) return command.run(argv[2]);
+    }
+    std::cerr << usage;
+    return wrong_use;
+}
+
+}  // namespace
+}  // namespace tamlo
+
+int main(int argc, char** argv) {
+    std::signal(SIGPIPE, SIG_IGN);
+    try {
+        const int status = tamlo::Run(argc, argv);
+        if (std::cout.flush()) return status;
+        std::cerr << "tamlo-city: the output can't be written\n";
+    } catch (const std::exception& wrong) {
+        std::cerr << "tamlo-city: " << wrong.what() << "\n";
+    }
+    return tamlo::wrong_use;
+}

@@ -1,0 +1,74 @@
+// tamlo-doctor: checks speech and sound, and writes a report.
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "app/doctor/doctor.h"
+#include "audio/voice/voices.h"
+#include "game/form1.h"
+#include "linux/programs/machine.h"
+#include "linux/programs/sounds_folder.h"
+#include "linux/sound/sound_output.h"
+#include "linux/system/user_dirs.h"
+#include "reading/braille_display.h"
+#include "services/end_of_process.h"
+
+namespace tamlo {
+namespace {
+
+constexpr const char* window = "a window";
+
+const char* NameOf(Place::Front front) {
+    switch (front) {
+        case Place::Front::window: return window;
+        case Place::Front::terminal: return "a terminal";
+        default: return "a pipe";
+    }
+}
+
+SoundState StateOf(const SoundOutput& sound) {
+    const CardReport card = sound.Card();
+    return {card.driver, card.frames, card.late, sound.Audible(), sound.Frames()};
+}
+
+std::vector<std::string> VoiceNames() {
+    std::vector<std::string> names;
+    for (const VoiceEntry& voice : voice_table) names.emplace_back(voice.person);
+    for (const FliteVoice& voice : flite_voices) names.emplace_back(voice.person);
+    return names;
+}
+
+int Run() {
+    const std::string sounds = SoundsFolder();
+    // The game looks for its sounds in the current directory.
+    if (::chdir(sounds.c_str()) != 0) std::perror(sounds.c_str());
+    Surroundings around{.front = {},
+                        .sound = {},
+                        .voices = VoiceNames(),
+                        .facts = SystemFacts(),
+                        .readers = ScreenReaders("/proc", BrailleLibraryInstalled()),
+                        .reports = StateFolder(),
+                        .home = HomeFolder()};
+    const auto check = [&](Form1& form) {
+        try {
+            CheckSpeechAndSound(form, around);
+        } catch (const EndOfProcess&) {
+            // Elsewhere everything has been printed as it was said.
+            if (around.front == window) std::fputs(around.text.c_str(), stdout);
+            std::fflush(stdout);
+            throw;
+        }
+    };
+    return RunOnThisMachine(sounds, check, [&](const Place& place) {
+        around.front = NameOf(place.front);
+        around.answers = place.front != Place::Front::pipe;
+        around.sound = [&sound = place.sound] { return StateOf(sound); };
+    });
+}
+
+}  // namespace
+}  // namespace tamlo
+
+int main() {
+    return tamlo::Run();
+}

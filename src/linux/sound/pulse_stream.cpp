@@ -1,0 +1,342 @@
+// One thread, which does nothing but answer the server and the game: the server's requests with
+// more of the stream, the game's changes with another end of it. Nothing here waits for the server.
+#include "linux/sound/pulse_stream.h"
+
+#include <pulse/pulseaudio.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+#include "linux/sound/realtime.h"
+#include "linux/system/signals_held.h"
+
+namespace tamlo {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr int frame_bytes = 2 * sizeof(float);
+// What the server holds: longer than a machine of this kind stands still, and no more than the
+// mixer can take back.
+constexpr int depth = stream_rate * 128 / 1000;
+static_assert(depth + 1024 <= Mixer::most_ahead);  // and a block
+// What is heard next is left alone: the server may take it while it is being written anew.
+constexpr int margin = stream_rate * 2 / 1000;
+// What is made anew is sent in parts: the first soon, but long enough that the server does not come
+// to its end if this thread is held up before the next.
+constexpr int most_at_once = stream_rate * 32 / 1000;
+
+template <class T, void (*release)(T*)>
+struct Release {
+    void operator()(T* object) const { release(object); }
+};
+using MainLoop = std::unique_ptr<pa_mainloop, Release<pa_mainloop, pa_mainloop_free>>;
+using Context = std::unique_ptr<pa_context, Release<pa_context, pa_context_unref>>;
+using Stream = std::unique_ptr<pa_stream, Release<pa_stream, pa_stream_unref>>;
+using Properties = std::unique_ptr<pa_proplist, Release<pa_proplist, pa_proplist_free>>;
+
+void Forget(pa_operation* operation) {
+    if (operation != nullptr) pa_operation_unref(operation);
+}
+
+}  // namespace
+
+/// The connection, on its own thread.
+class PulseStream::Line {
+  public:
+    Line(std::shared_ptr<Tap> tap, int frames, std::atomic<int>& late)
+        : counted_from_(Clock::now() + settling_time),
+          tap_(std::move(tap)),
+          frames_(frames),
+          late_(late) {
+        calls_.Listen(true);
+        tap_->Changes().Listen(true);
+        StartThread();
+    }
+    ~Line() {
+        ending_ = true;
+        calls_.Ring();
+        if (thread_.joinable()) thread_.join();
+        tap_->Changes().Listen(false);
+    }
+    Line(const Line&) = delete;
+    Line& operator=(const Line&) = delete;
+
+    std::atomic<Answer> answer{Answer::awaited};
+    std::atomic<int> thread{0};
+    std::atomic<int> blocks{0};
+    std::atomic<bool> gone{false};
+    std::atomic<bool> paused{false};
+
+  private:
+    void StartThread();
+    void Run();
+    void Connect();
+    void Watch(ChangeBell& bell, pa_io_event_cb_t callback);
+    void Note(Answer what);
+
+    void Fail();
+    void OnContext();
+    void OnServer(const pa_server_info* server);
+    void OpenStream();
+    void OnStream();
+    void Fill();
+    void AskWhere();
+    void Rewrite(bool told);
+    int Held() const;
+    void Write(int blocks_wanted);
+
+    const Clock::time_point counted_from_;
+    const std::shared_ptr<Tap> tap_;
+    const int frames_;
+    std::atomic<int>& late_;
+    ChangeBell calls_;  ///< by whoever ends it
+    std::atomic<bool> ending_{false};
+    std::thread thread_;
+
+    // The thread's own.
+    MainLoop loop_;
+    Context context_;
+    Stream stream_;
+    int depth_ = 0;        ///< frames that the server means to hold
+    bool asking_ = false;  ///< the server where it is
+    bool changed_ = false;
+    int to_rewrite_ = 0;  ///< frames, the last that the server holds
+    std::vector<float> block_;
+};
+
+/// Only the first answer counts.
+void PulseStream::Line::Note(Answer what) {
+    Answer awaited = Answer::awaited;
+    answer.compare_exchange_strong(awaited, what);
+}
+
+void PulseStream::Line::StartThread() {
+    const SignalsHeld held;
+    try {
+        thread_ = std::thread([this] { Run(); });
+    } catch (const std::system_error&) {
+        Note(Answer::none);
+    }
+}
+
+void PulseStream::Line::Run() {
+    thread = gettid();
+    TakeRealTime();
+    loop_.reset(pa_mainloop_new());
+    Watch(calls_, [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
+                     pa_io_event_flags_t /*flags*/,
+                     void* line) { static_cast<Line*>(line)->calls_.TakeRings(); });
+    Connect();
+    while (!ending_ && !gone && pa_mainloop_iterate(loop_.get(), 1, nullptr) >= 0) {
+    }
+    gone = true;
+    Note(Answer::none);
+    if (stream_) pa_stream_disconnect(stream_.get());
+    if (context_) pa_context_disconnect(context_.get());
+    stream_.reset();
+    context_.reset();
+    loop_.reset();
+}
+
+void PulseStream::Line::Watch(ChangeBell& bell, pa_io_event_cb_t callback) {
+    pa_mainloop_api* api = pa_mainloop_get_api(loop_.get());
+    if (bell.Descriptor() < 0 ||
+        api->io_new(api, bell.Descriptor(), PA_IO_EVENT_INPUT, callback, this) == nullptr) {
+        gone = true;
+    }
+}
+
+void PulseStream::Line::Connect() {
+    const Properties properties(pa_proplist_new());
+    pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Tamlo Delivery");
+    pa_proplist_sets(properties.get(), PA_PROP_MEDIA_ROLE, "game");
+    context_.reset(pa_context_new_with_proplist(pa_mainloop_get_api(loop_.get()), "Tamlo Delivery",
+                                                properties.get()));
+    pa_context_set_state_callback(
+        context_.get(),
+        [](pa_context* /*context*/, void* line) { static_cast<Line*>(line)->OnContext(); }, this);
+    if (pa_context_connect(context_.get(), nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) gone = true;
+}
+
+void PulseStream::Line::Fail() {
+    if (pa_context_errno(context_.get()) == PA_ERR_TIMEOUT) Note(Answer::hangs);
+    gone = true;
+}
+
+void PulseStream::Line::OnContext() {
+    const pa_context_state_t state = pa_context_get_state(context_.get());
+    if (!PA_CONTEXT_IS_GOOD(state)) Fail();
+    if (state != PA_CONTEXT_READY) return;
+    Forget(pa_context_get_server_info(
+        context_.get(),
+        [](pa_context* /*context*/, const pa_server_info* server, void* line) {
+            static_cast<Line*>(line)->OnServer(server);
+        },
+        this));
+}
+
+// Others speak the protocol as well, but not all of them take back what they were given.
+void PulseStream::Line::OnServer(const pa_server_info* server) {
+    if (server == nullptr || std::string_view(server->server_name) != "pulseaudio") {
+        Note(server == nullptr ? Answer::none : Answer::other);
+        gone = true;
+    } else {
+        OpenStream();
+    }
+}
+
+void PulseStream::Line::OpenStream() {
+    const pa_sample_spec format{PA_SAMPLE_FLOAT32NE, stream_rate, 2};
+    stream_.reset(pa_stream_new(context_.get(), "Tamlo Delivery", &format, nullptr));
+    if (!stream_) {
+        gone = true;
+        return;
+    }
+    pa_stream_set_state_callback(
+        stream_.get(),
+        [](pa_stream* /*stream*/, void* line) { static_cast<Line*>(line)->OnStream(); }, this);
+    pa_stream_set_write_callback(
+        stream_.get(),
+        [](pa_stream* /*stream*/, std::size_t /*bytes*/, void* line) {
+            static_cast<Line*>(line)->Fill();
+        },
+        this);
+    pa_stream_set_suspended_callback(
+        stream_.get(),
+        [](pa_stream* stream, void* line) {
+            static_cast<Line*>(line)->paused = pa_stream_is_suspended(stream) == 1;
+        },
+        this);
+    pa_stream_set_underflow_callback(
+        stream_.get(),
+        [](pa_stream* /*stream*/, void* user) {
+            auto* line = static_cast<Line*>(user);
+            if (Clock::now() > line->counted_from_) ++line->late_;
+        },
+        this);
+    const auto block_bytes = static_cast<std::uint32_t>(frames_ * frame_bytes);
+    pa_buffer_attr sizes{};
+    sizes.maxlength = static_cast<std::uint32_t>(-1);
+    sizes.tlength = depth * frame_bytes;
+    sizes.prebuf = block_bytes;
+    sizes.minreq = block_bytes;
+    sizes.fragsize = static_cast<std::uint32_t>(-1);
+    // Early requests: the sink itself is to hold no more than a block, which can't be taken back.
+    if (pa_stream_connect_playback(stream_.get(), nullptr, &sizes, PA_STREAM_EARLY_REQUESTS,
+                                   nullptr, nullptr) < 0) {
+        gone = true;
+    }
+}
+
+void PulseStream::Line::OnStream() {
+    const pa_stream_state_t state = pa_stream_get_state(stream_.get());
+    if (!PA_STREAM_IS_GOOD(state)) Fail();
+    if (state != PA_STREAM_READY) return;
+    const pa_buffer_attr* sizes = pa_stream_get_buffer_attr(stream_.get());
+    depth_ = static_cast<int>(sizes->tlength) / frame_bytes;
+    Watch(tap_->Changes(),
+          [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
+             pa_io_event_flags_t /*flags*/, void* line) { static_cast<Line*>(line)->AskWhere(); });
+    paused = pa_stream_is_suspended(stream_.get()) == 1;
+    Fill();
+    Note(Answer::opened);
+}
+
+/// Frames that the server holds, as far as is known without asking it.
+int PulseStream::Line::Held() const {
+    const auto room = static_cast<int>(pa_stream_writable_size(stream_.get()) / frame_bytes);
+    return std::max(depth_ - room, 0);
+}
+
+void PulseStream::Line::Fill() {
+    if (pa_stream_get_state(stream_.get()) != PA_STREAM_READY) return;
+    const int held = Held();
+    tap_->Settle(held - to_rewrite_);
+    if (changed_) AskWhere();
+    Write((depth_ - held + to_rewrite_) / frames_);
+}
+
+void PulseStream::Line::Write(int blocks_wanted) {
+    const int most = std::max(most_at_once / frames_, 1);
+    block_.resize(static_cast<std::size_t>(2 * frames_ * most));
+    while (blocks_wanted > 0) {
+        const int some = std::min(blocks_wanted, most);
+        if (!tap_->PullAhead(block_.data(), some * frames_)) return;
+        pa_stream_write(stream_.get(), block_.data(),
+                        static_cast<std::size_t>(some * frames_ * frame_bytes), nullptr,
+                        -std::int64_t{to_rewrite_} * frame_bytes, PA_SEEK_RELATIVE);
+        to_rewrite_ = 0;
+        blocks += some;
+        blocks_wanted -= some;
+    }
+}
+
+/// Where the server is by now, so that no more than need be is left as it was.
+void PulseStream::Line::AskWhere() {
+    tap_->Changes().TakeRings();
+    changed_ = true;
+    if (asking_) return;
+    pa_operation* question = pa_stream_update_timing_info(
+        stream_.get(),
+        [](pa_stream* /*stream*/, int told, void* line) {
+            static_cast<Line*>(line)->Rewrite(told != 0);
+        },
+        this);
+    asking_ = question != nullptr;
+    Forget(question);
+}
+
+void PulseStream::Line::Rewrite(bool told) {
+    asking_ = false;
+    if (!changed_ || pa_stream_get_state(stream_.get()) != PA_STREAM_READY) return;
+    const pa_timing_info* where = pa_stream_get_timing_info(stream_.get());
+    const bool known =
+        told && where != nullptr && !where->read_index_corrupt && !where->write_index_corrupt;
+    const int held =
+        known ? static_cast<int>(std::clamp<std::int64_t>(
+                    (where->write_index - where->read_index) / frame_bytes, 0, Mixer::most_ahead))
+              : Held();
+    tap_->Changes().TakeRings();  // what they were for is taken now
+    const std::optional<int> rewound = tap_->Rewind(std::max(held - to_rewrite_ - margin, 0));
+    if (!rewound) return;  // with the next block
+    changed_ = false;
+    to_rewrite_ += *rewound;
+    // To the end of what was there at least.
+    Write((std::max(depth_ - held, 0) + to_rewrite_ + frames_ - 1) / frames_);
+}
+
+PulseStream::PulseStream(std::shared_ptr<Tap> tap, int frames, std::atomic<int>& late)
+    : line_(std::make_unique<Line>(std::move(tap), frames, late)) {}
+
+PulseStream::~PulseStream() {
+    if (!line_->gone) std::this_thread::sleep_for(10ms);
+}
+
+PulseStream::Answer PulseStream::Opening() const {
+    return line_->answer;
+}
+
+int PulseStream::Thread() const {
+    return line_->thread;
+}
+
+int PulseStream::Blocks() const {
+    return line_->blocks;
+}
+
+bool PulseStream::Gone() const {
+    return line_->gone;
+}
+
+bool PulseStream::Paused() const {
+    return line_->paused;
+}
+
+}  // namespace tamlo

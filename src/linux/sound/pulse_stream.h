@@ -1,0 +1,47 @@
+// A stream to PulseAudio that holds much and takes it back: its blocks are mixed long before they
+// are heard, so that a machine that stands still for a moment leaves no gap, and mixed anew from
+// the next millisecond on when a key changes what is to be heard.
+#pragma once
+
+#include <atomic>
+#include <memory>
+
+#include "audio/output/tap.h"
+#include "linux/sound/card_stream.h"
+
+namespace tamlo {
+
+class PulseStream final : public CardStream {
+  public:
+    /// What has become of the opening.
+    enum class Answer {
+        awaited,
+        opened,
+        none,   ///< no such server, or no sink
+        other,  ///< another server that only speaks its protocol
+        hangs,  ///< it is there and has not answered for half a minute
+    };
+
+    /// Begins to open the server's default sink. Blocks of so many frames are asked for, and filled
+    /// from the tap, as soon as it answers. `late` counts how often the server had nothing left; it
+    /// must outlive the stream.
+    PulseStream(std::shared_ptr<Tap> tap, int frames, std::atomic<int>& late);
+    /// Waits for a moment, so that what fades out is heard; never for the server.
+    ~PulseStream() override;
+    PulseStream(const PulseStream&) = delete;
+    PulseStream& operator=(const PulseStream&) = delete;
+
+    Answer Opening() const;
+    /// The system's number of the thread that fills the blocks, 0 until it runs.
+    int Thread() const;
+
+    int Blocks() const override;
+    bool Gone() const override;
+    bool Paused() const override;
+
+  private:
+    class Line;
+    std::unique_ptr<Line> line_;
+};
+
+}  // namespace tamlo

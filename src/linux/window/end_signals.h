@@ -1,0 +1,26 @@
+// Signals by which the system asks the program to end, noted for whoever waits next.
+#pragma once
+
+#include <optional>
+
+#include "linux/system/caught_signals.h"
+
+namespace tamlo {
+
+/// While one lives, SIGINT, SIGTERM and SIGHUP are noted instead of killing the process. One that
+/// comes more than a second after the first kills as ever, so that a program that is stuck can
+/// still be ended; sooner, it is an echo: systems send several at once, and to parent and child. At
+/// most one may live at a time.
+class EndSignals {
+  public:
+    EndSignals();
+
+    /// Whether one of the signals has arrived since construction. A poll or sleep of the main
+    /// thread that is under way when it arrives is interrupted.
+    bool Arrived() const;
+
+  private:
+    std::optional<CaughtSignals> caught_;
+};
+
+}  // namespace tamlo

@@ -1,0 +1,54 @@
+// A platform for rehearsals: a virtual clock, keys from a script, and speech and sound that are
+// written down in a trace instead of heard. docs/rehearsal.md tells its rules.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "rehearsal/prompter.h"
+#include "rehearsal/script.h"
+#include "rehearsal/trace.h"
+#include "services/files.h"
+#include "services/platform.h"
+
+namespace tamlo {
+
+/// The places that the game finds itself in: absolute paths of folders, without a "/" at the end.
+struct RehearsalPlaces {
+    std::string documents;          ///< the user's Documents folder; empty: there is none
+    std::string sounds;             ///< the program's own folder
+    std::string current_directory;  ///< the process's, as the game sees it
+};
+
+struct RehearsalResult {
+    int exit_status = 0;  ///< 0 to the end of the script or the game's own; 1 waited in vain
+    std::string message;  ///< what was waited for
+};
+
+class Rehearsal {
+  public:
+    /// `disk` does the work on files; it must outlive the rehearsal.
+    Rehearsal(Script script, RehearsalPlaces places, Files& disk, TraceSink sink);
+    ~Rehearsal();
+    Rehearsal(const Rehearsal&) = delete;
+    Rehearsal& operator=(const Rehearsal&) = delete;
+
+    /// The services, for a game to be made with; it must be gone before the rehearsal is.
+    Platform Services();
+
+    /// Has the rehearsal go on when its script is done: `more` is asked for further steps each time
+    /// the game is at rest behind the last one, and ends the rehearsal by giving none.
+    void Improvise(std::function<std::vector<Step>()> more);
+
+    /// Runs the game, which was made before, to its end or that of the script. What the game
+    /// holds must outlive this call, so that its release writes no lines. Call it once.
+    RehearsalResult Run(const std::function<void()>& game, FieldAccess fields);
+
+  private:
+    struct Company;
+    std::unique_ptr<Company> company_;
+};
+
+}  // namespace tamlo

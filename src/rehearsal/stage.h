@@ -1,0 +1,100 @@
+// The world of a rehearsal: its clock, what is being spoken and played, and the prompter.
+//
+// Time passes in two ways only: in an event turn, and in a blocking utterance. What happens on
+// the way is found by looking ahead to the next moment at which something can happen, so that a
+// wait costs a few steps however long it is.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "rehearsal/prompter.h"
+#include "rehearsal/script.h"
+#include "rehearsal/trace.h"
+#include "rehearsal/virtual_time.h"
+#include "services/end_of_process.h"
+#include "services/events.h"
+
+namespace tamlo {
+
+class RehearsedBuffer;
+
+/// What a voice has been given to speak, one text behind the other.
+class SpeechQueue {
+  public:
+    /// Queues a text of this length; the moment at which it will have been spoken.
+    Ticks Add(std::string_view text, Ticks now, Ticks length);
+    /// Drops everything at `now`. A text that would have begun at this very moment is not heard.
+    void Purge(Ticks now);
+    /// When the last text has been spoken; not later than now when nothing is being spoken.
+    Ticks EndsAt() const { return ends_at_; }
+    /// When the first text that TakeHeard has not given yet can be taken; `never` if there is none.
+    Ticks NextHeard() const { return texts_.empty() ? never : texts_.front().begin + 1; }
+    struct Utterance {
+        std::string text;
+        Ticks begin = 0;
+        Ticks end = 0;
+    };
+    /// The next text of which something has been heard by `now`, in the order of their begins.
+    std::optional<Utterance> TakeHeard(Ticks now);
+
+  private:
+    std::deque<Utterance> texts_;
+    Ticks ends_at_ = 0;
+};
+
+class Stage {
+  public:
+    Stage(std::vector<Step> steps, const FieldAccess& fields, TraceSink sink);
+
+    /// Asked for more steps when the last has been carried out and the game is at rest.
+    void Improvise(std::function<std::vector<Step>()> more) { more_ = std::move(more); }
+
+    Ticks Now() const { return now_; }
+    void Write(std::string_view event, std::string_view detail = {}) {
+        trace_.Write(now_, event, detail);
+    }
+    /// The game has asked for something other than an event turn, the clock or a status.
+    void Asked() { asked_ = now_; }
+
+    /// Queues a text; when `wait`, lets the time pass until it has been spoken.
+    void Speak(std::string_view text, Ticks length, bool wait);
+    void Hush();
+    Ticks SpeechEndsAt() const { return speech_.EndsAt(); }
+
+    /// Buffers that can sound report here while they live.
+    void Add(RehearsedBuffer& buffer) { buffers_.push_back(&buffer); }
+    void Remove(RehearsedBuffer& buffer) { std::erase(buffers_, &buffer); }
+    void SoundStarted(std::string_view name) { prompter_.SoundStarted(name, now_); }
+
+    std::optional<double> TakeDraw() { return prompter_.TakeDraw(); }
+
+    /// Carries out the steps that need no time to pass.
+    void Begin() { prompter_.Advance(now_, never); }
+    /// One event turn, or as many as fit into `rest` seconds while nothing happens.
+    void Turn(KeyListener& listener, double rest);
+    /// Writes the last line, if none has been written yet, and closes the trace.
+    void End(std::string_view last_line);
+    bool Ended() const { return ended_; }
+
+  private:
+    void Pass(Ticks moment);
+    Ticks RestMoment() const;
+    Ticks NextHappening() const;
+
+    Trace trace_;
+    Prompter prompter_;
+    SpeechQueue speech_;
+    std::vector<RehearsedBuffer*> buffers_;
+    Ticks now_ = 0;
+    Ticks asked_ = 0;
+    bool ended_ = false;
+    std::function<std::vector<Step>()> more_;
+};
+
+}  // namespace tamlo

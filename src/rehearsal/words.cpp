@@ -1,0 +1,74 @@
+#include "rehearsal/words.h"
+
+namespace tamlo {
+
+namespace {
+
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+/// Reads the quoted text that `rest` begins with, up to and with the closing quote, into `word`.
+/// What is wrong, or an empty text.
+std::string TakeQuoted(std::string_view& rest, std::string& word) {
+    rest.remove_prefix(1);
+    while (!rest.empty()) {
+        const char c = rest.front();
+        rest.remove_prefix(1);
+        if (c == '"') {
+            if (rest.empty() || IsBlank(rest.front())) return "";
+            return "a blank is missing after the closing quote";
+        }
+        if (c == '\\') {
+            if (rest.empty() || (rest.front() != '"' && rest.front() != '\\')) {
+                return "only \\\" and \\\\ may follow a backslash in quotes";
+            }
+            word += rest.front();
+            rest.remove_prefix(1);
+        } else {
+            word += c;
+        }
+    }
+    return "the closing quote is missing";
+}
+
+std::string TakeBare(std::string_view& rest, std::string& word) {
+    while (!rest.empty() && !IsBlank(rest.front())) {
+        if (rest.front() == '"') return "a quote in the middle of a word";
+        word += rest.front();
+        rest.remove_prefix(1);
+    }
+    return "";
+}
+
+}  // namespace
+
+WordsOrError SplitWords(std::string_view line) {
+    WordsOrError result;
+    for (std::string_view rest = line; !rest.empty();) {
+        if (IsBlank(rest.front())) {
+            rest.remove_prefix(1);
+            continue;
+        }
+        std::string& word = result.words.emplace_back();
+        result.error = rest.front() == '"' ? TakeQuoted(rest, word) : TakeBare(rest, word);
+        if (!result.error.empty()) break;
+    }
+    return result;
+}
+
+std::string Quoted(std::string_view text) {
+    std::string quoted = "\"";
+    for (const char c : text) {
+        switch (c) {
+            case '"': quoted += "\\\""; break;
+            case '\\': quoted += "\\\\"; break;
+            case '\r': quoted += "\\r"; break;
+            case '\n': quoted += "\\n"; break;
+            default: quoted += c;
+        }
+    }
+    return quoted + '"';
+}
+
+}  // namespace tamlo
