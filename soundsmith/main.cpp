@@ -13,6 +13,7 @@
 
 namespace {
 
+using namespace tamlo;
 using namespace tamlo::soundsmith;
 
 constexpr std::string_view kUsage =

@@ -1,18 +1,19 @@
-// The table of effects itself.
 #include "sound/effects.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
-namespace tamlo::soundsmith {
+namespace tamlo {
 
 namespace {
 
 constexpr bool y = true, n = false;
 
-// Beds under speech (idles, the restaurant, the backgrounds) lie far below what is heard alone.
+// Sounds that play under speech (idles, the restaurant, the backgrounds) are much softer than those
+// heard alone.
 // clang-format off
-constexpr std::array<Effect, 93> kEffects{{
+constexpr std::array<Effect, 93> effects{{
     // name           rate bits loop LUFS peak    size fields last   role
     {"tamlo1",    8000, 16, n, -16,  -2, { 304242,  7,   45}, "title tune"},
     {"tamlo2",   22050, 16, n, -18,  -2, { 141316, 15,   54}, "scooter: the engine starts"},
@@ -110,20 +111,34 @@ constexpr std::array<Effect, 93> kEffects{{
 }};
 // clang-format on
 
-constexpr auto kChecked = std::count_if(kEffects.begin(), kEffects.end(),
-                                        [](const Effect& e) { return e.text.size > 0; });
-static_assert(kChecked == 54);
+// The check takes the files in the order of their names, but tamlo80 to tamlo89 at the end.
+bool IsCheckedBefore(const Effect* a, const Effect* b) {
+    const auto place = [](const Effect* effect) {
+        const bool at_the_end = effect->name.size() == 7 && effect->name.starts_with("tamlo8");
+        return std::pair(at_the_end, effect->name);
+    };
+    return place(a) < place(b);
+}
 
 }  // namespace
 
 std::span<const Effect> Effects() {
-    return kEffects;
+    return effects;
+}
+
+std::vector<const Effect*> CheckedEffects() {
+    std::vector<const Effect*> checked;
+    for (const Effect& effect : effects) {
+        if (effect.text.size > 0) checked.push_back(&effect);
+    }
+    std::sort(checked.begin(), checked.end(), IsCheckedBefore);
+    return checked;
 }
 
 const Effect* FindEffect(std::string_view name) {
-    const auto found = std::find_if(kEffects.begin(), kEffects.end(),
+    const auto found = std::find_if(effects.begin(), effects.end(),
                                     [&](const Effect& effect) { return effect.name == name; });
-    return found == kEffects.end() ? nullptr : &*found;
+    return found == effects.end() ? nullptr : &*found;
 }
 
-}  // namespace tamlo::soundsmith
+}  // namespace tamlo

@@ -143,14 +143,14 @@ void Doctor::LookAtSounds() {
     const std::string folder = files.CurrentDirectory();
     report_.Note("Folder of the sounds", folder);
     std::string missing;
-    for (const soundsmith::Effect& effect : soundsmith::Effects()) {
+    for (const Effect& effect : Effects()) {
         const auto length = files.Length(folder + "/" + std::string(effect.name) + ".wav");
         if (!length || *length == 0) missing += " " + std::string(effect.name);
     }
     form_.gs.wcv = 0;
     form_.checkwave();
     sounds_complete_ = missing.empty() && form_.gs.wcv == 0;
-    const std::string all = std::to_string(soundsmith::Effects().size());
+    const std::string all = std::to_string(Effects().size());
     if (sounds_complete_) {
         return Add({"the sound files", Weight::fine, "All " + all + " sound files are in order."});
     }

@@ -20,7 +20,7 @@ constexpr int leave = -1;
 constexpr int help = -2;
 
 struct Lesson {
-    soundsmith::Effect effect;
+    Effect effect;
     std::string spoken;
 };
 
@@ -29,7 +29,7 @@ std::vector<Lesson> Lessons() {
     std::vector<Lesson> lessons;
     std::string_view last_role;
     int count = 1;
-    for (const soundsmith::Effect& effect : soundsmith::Effects()) {
+    for (const Effect& effect : Effects()) {
         count = effect.role == last_role ? count + 1 : 1;
         last_role = effect.role;
         std::string spoken = " " + std::string(effect.role) + " ";
@@ -61,7 +61,7 @@ void PlayTitle(Form1& form) {
     form.endtitle();
 }
 
-void PlayLesson(Form1& form, const soundsmith::Effect& effect) {
+void PlayLesson(Form1& form, const Effect& effect) {
     if (const int scene = SceneOf(effect.name)) {
         form.playscene(scene);
     } else if (effect.name == "tamlo1") {

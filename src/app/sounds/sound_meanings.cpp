@@ -25,7 +25,7 @@ SoundPath PathOf(Movement movement) {
 }  // namespace
 
 SoundMeaning MeaningOfSound(std::string_view name) {
-    const soundsmith::Effect* const effect = soundsmith::FindEffect(name);
+    const Effect* const effect = FindEffect(name);
     if (effect == nullptr) return {};
     SoundMeaning meaning{.what = effect->role, .bed = effect->loop && effect->lufs < bed_level};
     for (const RoadScene& scene : road_scenes) {
