@@ -30,12 +30,26 @@ std::string TwoDigits(int number) {
     return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
-/// The day's summary, spoken and logged; pays the wage.
-void PayDay(Form1& form, double worked) {
-    GameState& gs = form.gs;
-    const double hours = Rounded(worked / 3600, 2);
-    std::string text = " Today you worked " + MoneyPicture(hours) + " hour" +
-                       (hours == 1 ? "" : "s") + " for the tamlo vorrel. ";
+/// What a working day brings.
+struct DaysWork {
+    double seconds = 0;  // worked, on the game clock
+    double hours = 0;    // the same, to two decimals
+    double pay = 0;      // dollars
+
+    explicit DaysWork(double worked)
+        : seconds(worked), hours(Rounded(worked / 3600, 2)), pay(Rounded(hours * wage, 2)) {}
+};
+
+/// Adds the day to the career.
+void AddDay(GameState& gs, const DaysWork& day) {
+    gs.cash += day.pay;
+    gs.nsd += day.seconds;
+    CarryTime(gs.nhr, gs.nmt, gs.nsd);
+}
+
+void TellHours(Form1& form, double hours) {
+    const std::string text = " Today you worked " + MoneyPicture(hours) + " hour" +
+                             (hours == 1 ? "" : "s") + " for the tamlo vorrel. ";
     form.dy(0.2);
     form.say(text);
     form.dy(0.2);
@@ -44,21 +58,23 @@ void PayDay(Form1& form, double worked) {
     form.dy(0.2);
     form.logline(text);
     form.dy(0.2);
+}
 
-    const double pay = Rounded(hours * wage, 2);
-    form.fm5(pay);
-    text = " You are paid, " + gs.tp5;
+/// The day's summary, spoken and logged. The career holds the day already.
+void TellDay(Form1& form, const DaysWork& day) {
+    TellHours(form, day.hours);
+    form.fm5(day.pay);
+    std::string text = " You are paid, " + form.gs.tp5;
     form.say(text);
     form.logline(text);
 
     form.dy(0.2);
-    gs.cash += pay;
-    form.fm5(Rounded(gs.cash, 2));
-    text = " You now have, " + gs.tp5;
+    form.fm5(Rounded(form.gs.cash, 2));
+    text = " You now have, " + form.gs.tp5;
     form.say(text);
     form.logline(text);
 
-    text = TamlosDelivered(gs.npd);
+    text = TamlosDelivered(form.gs.npd);
     form.logline(text);
     form.say(text);
     form.dy(0.2);
@@ -135,17 +151,19 @@ void Form1::logline(std::string_view line) {
     }
 }
 
+// The summary takes ten seconds. The day is stored before them, so that a player who leaves
+// meanwhile, or whose machine does, has it all the same.
 bool Form1::saga() {
     const double cash = gs.cash;
     const int hours = gs.nhr;
     const int minutes = gs.nmt;
     const double seconds = gs.nsd;
-    const double worked = gs.atod - start_of_day;
-    PayDay(*this, worked);
-    gs.nsd += worked;
-    CarryTime(gs.nhr, gs.nmt, gs.nsd);
+    const DaysWork day(gs.atod - start_of_day);
+    AddDay(gs, day);
+    const bool saved = Save(*this);
+    TellDay(*this, day);
     stopppk();
-    if (Save(*this)) {
+    if (saved) {
         say(" game saved ");
         return true;
     }

@@ -4,7 +4,8 @@ calls fail, and lets files end in the middle of a write; then the game must find
 the new ones, and start as if nothing had been.
 
 kill_test.py REHEARSE [--every N]: REHEARSE is tamlo-rehearse. Every call that changes the disk is
-tried, and of the others, which leave it as the call before did, one in N (12).
+tried, and every one between the last trip and the end of a day; of the others, which leave the
+disk as the call before did, one in N (12).
 """
 
 import argparse
@@ -46,6 +47,10 @@ SCRIPTS = {"day": DAY, "slow win": WIN.format(hours=90), "quick win": WIN.format
 SUCCESS = {"day": " game saved ", "slow win": " Which sets a new record.",
            "quick win": " Which sets a new record."}
 
+# In the log: the last line of a trip, and the first of those with which the day ends.
+TRIP_OVER = " in tips."
+DAY_OVER = b" Today you worked "
+
 STORED = ("tamlo.sav", "tamlo.cfg", "tamlostreets.txt", "tamlo.rec")
 FILES = (*STORED, "tamlolog.txt")
 CHANGING = {"mkdir", "write", "rename", "renameat", "renameat2", "fsync", "unlink", "unlinkat",
@@ -74,17 +79,18 @@ class Machine:
                               preexec_fn=limit, restore_signals=False)
 
     def strace(self, *options, log="/dev/null"):
-        return ["strace", "-f", "-y", "-o", log, "-e", "trace=file,desc", *options]
+        return ["strace", "-f", "-y", "-s", "200", "-o", log, "-e", "trace=file,desc", *options]
 
     def calls(self, script, documents):
-        """Every call on the player's folder: its name, its number among those of its name, and
-        whether it changes the disk."""
+        """Every call on the player's folder: its name, its number among those of its name, whether
+        it changes the disk, and whether the trips of the day are over."""
         log = self.work / "calls"
         done = self.run(script, documents, self.strace(log=log))
         if done.returncode != 0:
             raise RuntimeError("strace can't watch the game: " + done.stderr)
         counts = {}
         found = []
+        paying = False
         for line in log.read_text(encoding="utf-8", errors="replace").splitlines():
             if not (match := re.match(r"\d+ +(\w+)\(", line)):
                 continue
@@ -92,7 +98,8 @@ class Machine:
             counts[name] = counts.get(name, 0) + 1
             if "/tolvane" in line:
                 changes = name in CHANGING or "O_CREAT" in line
-                found.append((name, counts[name], changes))
+                found.append((name, counts[name], changes, paying))
+                paying = paying or TRIP_OVER in line
         return found
 
 
@@ -110,6 +117,11 @@ def wrong_files(before, after, found):
     log = found["tamlolog.txt"]
     if log != before["tamlolog.txt"]:
         yield from wrong_log(log, after["tamlolog.txt"])
+        days_told = (log or b"").count(DAY_OVER)
+        if days_told == after["tamlolog.txt"].count(DAY_OVER) and \
+                days_told > (before["tamlolog.txt"] or b"").count(DAY_OVER) and \
+                found["tamlo.sav"] != after["tamlo.sav"]:
+            yield "the player has been told of the day's pay, and it is not saved"
 
 
 def wrong_log(log, whole):
@@ -156,7 +168,7 @@ class Day:
         return self.machine.calls(self.script, self.fresh("watched"))
 
     def kill(self, call):
-        name, number, _ = call
+        name, number, *_ = call
         documents = self.fresh(f"kill-{name}-{number}")
         killed = self.machine.run(self.script, documents, self.machine.strace(
             "-e", f"inject={name}:signal=KILL:when={number}"))
@@ -168,7 +180,7 @@ class Day:
         return [f"{self.name}, killed before {name} {number}: {what}" for what in wrong]
 
     def fail(self, call, error):
-        name, number, _ = call
+        name, number, *_ = call
         documents = self.fresh(f"fail-{name}-{number}-{error}")
         day = self.machine.run(self.script, documents, self.machine.strace(
             "-e", f"inject={name}:error={error}:when={number}"))
@@ -229,7 +241,8 @@ def trials(day, every):
         # For a game that is killed, unlike for a power cut, flushing changes nothing.
         changes = call[2] and call[0] != "fsync"
         others += not changes
-        if changes or others % every == 0:
+        paying = day.script == "day" and call[3]
+        if changes or paying or others % every == 0:
             yield "kills", lambda call=call: day.kill(call)
     if day.script != "day":
         return
