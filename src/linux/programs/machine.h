@@ -10,24 +10,24 @@ namespace tamlo {
 class Form1;
 class SoundOutput;
 
-/// What the game has found to run on.
-struct Place {
-    enum class Front { window, terminal, pipe };
-    Front front;
-    const SoundOutput& sound;  ///< lives as long as the story
+/// What the program was started with.
+struct FrontEndInfo {
+    enum class Kind { window, terminal, pipe };
+    Kind kind;
+    const SoundOutput& sound;  ///< lives as long as the session
 };
 
-/// Told of the place before the story begins.
-using Introduction = std::function<void(const Place&)>;
+/// Called once the front end is known, before the session begins.
+using OnFrontEnd = std::function<void(const FrontEndInfo&)>;
 
-/// What is done with the game once it stands: to play it, for the most part.
-using Story = std::function<void(Form1&)>;
+/// What a program does with the game once it is ready, such as playing it.
+using Session = std::function<void(Form1&)>;
 
-/// Runs the story to its EndOfProcess in a process of its own (see RunWatched), with the wave files
-/// of the folder `sounds`; the exit status for this one. Restarts the program when the game asked
-/// for it. Should the story's process die, the player is told, and the status is 128 and the
-/// signal, as shells have it.
-int RunOnThisMachine(const std::string& sounds, const Story& story,
-                     const Introduction& introduction = {});
+/// Runs the session to its EndOfProcess in a process of its own (see RunWatched), with the wave
+/// files of the folder `sounds`; returns the exit status for this one. Restarts the program when
+/// the game asked for it. If the session's process dies, the player is told, and the status is 128
+/// plus the signal, as in shells.
+int RunOnThisMachine(const std::string& sounds, const Session& session,
+                     const OnFrontEnd& on_front_end = {});
 
 }  // namespace tamlo

@@ -18,10 +18,10 @@ namespace {
 
 constexpr const char* window = "a window";
 
-const char* NameOf(Place::Front front) {
-    switch (front) {
-        case Place::Front::window: return window;
-        case Place::Front::terminal: return "a terminal";
+const char* NameOf(FrontEndInfo::Kind kind) {
+    switch (kind) {
+        case FrontEndInfo::Kind::window: return window;
+        case FrontEndInfo::Kind::terminal: return "a terminal";
         default: return "a pipe";
     }
 }
@@ -59,10 +59,10 @@ int Run() {
             throw;
         }
     };
-    return RunOnThisMachine(sounds, check, [&](const Place& place) {
-        around.front = NameOf(place.front);
-        around.answers = place.front != Place::Front::pipe;
-        around.sound = [&sound = place.sound] { return StateOf(sound); };
+    return RunOnThisMachine(sounds, check, [&](const FrontEndInfo& info) {
+        around.front = NameOf(info.kind);
+        around.answers = info.kind != FrontEndInfo::Kind::pipe;
+        around.sound = [&sound = info.sound] { return StateOf(sound); };
     });
 }
 

@@ -1,0 +1,44 @@
+// The game in a window: lines are printed only where no voice or no card makes them heard.
+#include "linux/programs/front_end.h"
+
+#include <unistd.h>
+
+#include "game/form1.h"
+#include "linux/programs/display_farewell.h"
+#include "linux/system/system_desktop.h"
+#include "linux/terminal/printed_lines.h"
+#include "linux/window/desktop_window.h"
+#include "reading/braille_display.h"
+#include "text/printable.h"
+
+namespace tamlo {
+
+SessionEnd PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Session& session) {
+    SystemServices system;
+    const auto pump = [&] { window.Pump(); };
+    BrailleDisplay braille({.window = window.Number(), .press = DesktopWindow::Press});
+    braille.SetFocus(false);
+    window.OnFocus([&](bool focused) { braille.SetFocus(focused); });
+    LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump);
+    const WriteLine print = [&](const std::string& line) { printer.Print(line); };
+    HeardVoice voice(sound, pump, print, print);
+    const DisplayFarewell farewell(window, voice.Service());
+    Captioned heard(voice.Service(), sound, system.clock, [&](const std::string& line) {
+        window.ShowLine(line);
+        braille.Show(line);
+        if (!voice.Audible()) printer.Print(line);
+    });
+    SystemDesktop desktop({.message_box =
+                               [&](const std::string& text) {
+                                   braille.Show(PrintableLine(text));
+                                   window.MessageBox(text);
+                               },
+                           .beep = [&] { heard.Beep(); },
+                           .edit = EditOnDesktop});
+    const EndOfProcess end = RunSession(
+        {heard.speech, heard.sounds, window, system.files, system.clock, desktop, system.random},
+        session);
+    return {end, desktop.RestartWanted()};
+}
+
+}  // namespace tamlo
