@@ -1,11 +1,8 @@
 // libflite as a Synthesizer: its voices, and the pace at which they speak.
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <filesystem>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -15,7 +12,6 @@
 #include "audio/voice/sentences.h"
 #include "audio/voice/synthesizer.h"
 #include "audio/voice/voices.h"
-#include "linux/system/library_function.h"
 
 namespace tamlo {
 namespace {
@@ -40,10 +36,6 @@ double LengthAt(int rate) {
     const Length& below = above[-1];
     const double way = static_cast<double>(rate - below.rate) / (above->rate - below.rate);
     return below.length * std::pow(above->length / below.length, way);
-}
-
-std::string FileName(const FliteVoice& voice) {
-    return std::string("libflite_") + voice.name + ".so.1";
 }
 
 /// The library and its voices. A voice is loaded when it is first asked for, and stays for the rest
@@ -76,8 +68,7 @@ FliteVoices::FliteVoices(const FliteLibrary& library) : library_(library) {
     const FliteVoice* first = nullptr;
     std::size_t needed = 0;
     for (const FliteVoice& voice : flite_voices) {
-        std::error_code ignored;
-        const bool there = std::filesystem::exists(library_.Folder() / FileName(voice), ignored);
+        const bool there = library_.HasVoice(voice.name);
         if (there && first == nullptr) first = &voice;
         places_.push_back({there ? &voice : nullptr, nullptr});
         if (there) needed = places_.size();
@@ -91,14 +82,8 @@ FliteVoices::FliteVoices(const FliteLibrary& library) : library_(library) {
 FliteModel* FliteVoices::Load(int place) {
     auto& [voice, model] = places_.at(static_cast<std::size_t>(place));
     if (model) return model.get();
-    const std::filesystem::path file = library_.Folder() / FileName(*voice);
-    LibraryHandle handle(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL));
-    if (!handle) return nullptr;
-    cst_voice* (*make)(const char*) = nullptr;
-    FindFunction(handle.get(), (std::string("register_") + voice->name).c_str(), make);
-    cst_voice* const made = make != nullptr ? make(nullptr) : nullptr;
+    cst_voice* const made = library_.LoadVoice(voice->name);
     if (made == nullptr) return nullptr;
-    static_cast<void>(handle.release());
     model = std::make_unique<FliteModel>(library_, *made, *voice);
     return model.get();
 }

@@ -1,5 +1,5 @@
-// libflite, loaded when the program runs: players without it have fewer voices, and nothing else
-// changes.
+// The functions of libflite, as the edition finds them. Without the library players have fewer
+// voices, and nothing else changes.
 #pragma once
 
 // The headers only: nothing is linked.
@@ -8,16 +8,7 @@ extern "C" {
 #include <flite/cst_cg.h>
 }
 
-#include <filesystem>
-#include <memory>
-
 namespace tamlo {
-
-struct CloseLibrary {
-    void operator()(void* library) const;
-};
-/// Of a library loaded by dlopen.
-using LibraryHandle = std::unique_ptr<void, CloseLibrary>;
 
 /// The functions of the library that are used, by the names that it gives them. Once loaded it
 /// stays.
@@ -27,8 +18,10 @@ struct FliteLibrary {
     /// Whether all of it is there. If not, nothing may be called.
     explicit operator bool() const { return complete; }
 
-    /// Where the library lies, and its voices with it.
-    std::filesystem::path Folder() const;
+    /// Whether a voice of this name is installed.
+    bool HasVoice(const char* voice) const;
+    /// Null if it can't be loaded; once loaded it stays.
+    cst_voice* LoadVoice(const char* voice) const;
 
     bool complete = false;
 

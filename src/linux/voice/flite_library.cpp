@@ -1,14 +1,33 @@
+// libflite, loaded while the program runs.
 #include "audio/voice/flite_library.h"
 
 #include <dlfcn.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <system_error>
 
 #include "linux/system/library_function.h"
 
 namespace tamlo {
 
-void CloseLibrary::operator()(void* library) const {
-    dlclose(library);
+namespace {
+
+struct CloseLibrary {
+    void operator()(void* library) const { dlclose(library); }
+};
+using LibraryHandle = std::unique_ptr<void, CloseLibrary>;
+
+/// The file of a voice, beside the library.
+std::filesystem::path FileOf(const char* voice, const FliteLibrary& library) {
+    Dl_info info{};
+    if (dladdr(reinterpret_cast<void*>(library.flite_init), &info) == 0) return {};
+    const std::string name = std::string("libflite_") + voice + ".so.1";
+    return std::filesystem::path(info.dli_fname).parent_path() / name;
 }
+
+}  // namespace
 
 FliteLibrary::FliteLibrary(const char* name) {
     LibraryHandle handle(dlopen(name, RTLD_NOW | RTLD_LOCAL));
@@ -45,10 +64,19 @@ FliteLibrary::FliteLibrary(const char* name) {
     if (complete) static_cast<void>(handle.release());
 }
 
-std::filesystem::path FliteLibrary::Folder() const {
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<void*>(flite_init), &info) == 0) return {};
-    return std::filesystem::path(info.dli_fname).parent_path();
+bool FliteLibrary::HasVoice(const char* voice) const {
+    std::error_code ignored;
+    return std::filesystem::exists(FileOf(voice, *this), ignored);
+}
+
+cst_voice* FliteLibrary::LoadVoice(const char* voice) const {
+    LibraryHandle handle(dlopen(FileOf(voice, *this).c_str(), RTLD_NOW | RTLD_LOCAL));
+    if (!handle) return nullptr;
+    cst_voice* (*make)(const char*) = nullptr;
+    FindFunction(handle.get(), (std::string("register_") + voice).c_str(), make);
+    cst_voice* const made = make != nullptr ? make(nullptr) : nullptr;
+    if (made != nullptr) static_cast<void>(handle.release());
+    return made;
 }
 
 }  // namespace tamlo
