@@ -70,7 +70,7 @@ std::optional<WaveData> ReadWave(std::string_view bytes) {
     std::string_view rest = bytes.substr(12);
     while (rest.size() >= 8) {
         const std::string_view id = rest.substr(0, 4);
-        const std::size_t stated = Long(rest, 4);
+        const std::uint32_t stated = Long(rest, 4);
         const std::string_view chunk = rest.substr(8, stated);
         if (id == "fmt ") {
             format = ReadFormat(chunk);
@@ -80,7 +80,8 @@ std::optional<WaveData> ReadWave(std::string_view bytes) {
             return Decode(chunk, *format);
         }
         // Chunks begin at even offsets.
-        rest.remove_prefix(std::min(rest.size(), 8 + stated + stated % 2));
+        const std::uint64_t length = std::uint64_t{8} + stated + stated % 2;
+        rest.remove_prefix(static_cast<std::size_t>(std::min<std::uint64_t>(rest.size(), length)));
     }
     return std::nullopt;
 }

@@ -24,7 +24,7 @@ std::optional<std::string> ReadWhole(const std::string& path) {
     if (length < 0 || length > longest_file) return std::nullopt;
     std::string bytes(static_cast<std::size_t>(length), '\0');
     file.seekg(0);
-    file.read(bytes.data(), length);
+    file.read(bytes.data(), static_cast<std::streamsize>(length));
     if (file.gcount() != length) return std::nullopt;
     return bytes;
 }
