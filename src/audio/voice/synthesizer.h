@@ -49,7 +49,7 @@ std::unique_ptr<Synthesizer> MakeFlite(const char* library = "libflite.so.1");
 std::unique_ptr<Synthesizer> JoinFamilies(std::unique_ptr<Synthesizer> first, int places,
                                           std::unique_ptr<Synthesizer> second);
 
-/// All voices of the game, each with its number: see voices.h.
+/// All voices that the edition has, each with its number: see voices.h.
 std::unique_ptr<Synthesizer> MakeVoices();
 
 }  // namespace tamlo

@@ -2,7 +2,6 @@
 #include <vector>
 
 #include "audio/voice/synthesizer.h"
-#include "audio/voice/voices.h"
 
 namespace tamlo {
 namespace {
@@ -54,10 +53,6 @@ std::unique_ptr<Synthesizer> JoinFamilies(std::unique_ptr<Synthesizer> first, in
                                           std::unique_ptr<Synthesizer> second) {
     return std::make_unique<VoiceFamilies>(std::move(first), static_cast<std::size_t>(places),
                                            std::move(second));
-}
-
-std::unique_ptr<Synthesizer> MakeVoices() {
-    return JoinFamilies(MakeEspeak(), voice_table.size(), MakeFlite());
 }
 
 }  // namespace tamlo
