@@ -1,51 +1,31 @@
-// A bell that one thread rings and another sleeps on; ringing it never waits, so the audio thread
-// may.
+// A bell that one thread rings and another sleeps on.
 #pragma once
 
-#include <semaphore.h>
-#include <time.h>
-
-#include <cerrno>
 #include <chrono>
+#include <memory>
 
 namespace tamlo {
 
-/// A ring is never lost: one that comes before the sleep ends the sleep at once. The standard
-/// library's semaphores and condition variables promise nothing about the ringing side's time.
+/// Ringing never waits, so the audio thread may; the standard library's semaphores and condition
+/// variables promise nothing about that. A ring is never lost: one that comes before the sleep ends
+/// the sleep at once.
 class Wakeup {
   public:
-    Wakeup() noexcept { sem_init(&semaphore_, 0, 0); }
-    ~Wakeup() { sem_destroy(&semaphore_); }
+    Wakeup();
+    ~Wakeup();
     Wakeup(const Wakeup&) = delete;
     Wakeup& operator=(const Wakeup&) = delete;
 
-    void Ring() noexcept { sem_post(&semaphore_); }
+    void Ring() noexcept;
 
     /// Returns after a ring, or when the time is over. Takes all rings so far.
-    void SleepFor(std::chrono::microseconds time) noexcept {
-        timespec end{};
-        clock_gettime(CLOCK_MONOTONIC, &end);
-        const auto nanoseconds = end.tv_nsec + (time % std::chrono::seconds(1)).count() * 1000;
-        end.tv_sec += time / std::chrono::seconds(1) + nanoseconds / 1'000'000'000;
-        end.tv_nsec = nanoseconds % 1'000'000'000;
-        while (sem_clockwait(&semaphore_, CLOCK_MONOTONIC, &end) != 0 && errno == EINTR) {
-        }
-        TakeRings();
-    }
-
-    void Sleep() noexcept {
-        while (sem_wait(&semaphore_) != 0 && errno == EINTR) {
-        }
-        TakeRings();
-    }
-
-    void TakeRings() noexcept {
-        while (sem_trywait(&semaphore_) == 0) {
-        }
-    }
+    void SleepFor(std::chrono::microseconds time) noexcept;
+    /// Returns after a ring. Takes all rings so far.
+    void Sleep() noexcept;
 
   private:
-    sem_t semaphore_;
+    struct Semaphore;
+    std::unique_ptr<Semaphore> semaphore_;
 };
 
 }  // namespace tamlo

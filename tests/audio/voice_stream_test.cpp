@@ -3,10 +3,11 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <poll.h>
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "audio/mixing/mixer.h"
@@ -166,18 +167,10 @@ TEST(SpeechStream, RingsWhenItsEndIsTakenAndWhenTheMakerAsked) {
 
 class SpeechAhead : public testing::Test {
   protected:
-    void SetUp() override {
-        mixer_.Attach(stream_);
-        mixer_.Changes()->Listen(true);
-    }
+    void SetUp() override { mixer_.Attach(stream_); }
     void TearDown() override { mixer_.Detach(stream_); }
 
-    bool Rang() {
-        pollfd bell{mixer_.Changes()->Descriptor(), POLLIN, 0};
-        const bool rang = poll(&bell, 1, 0) == 1;
-        mixer_.Changes()->TakeRings();
-        return rang;
-    }
+    bool Rang() { return std::exchange(bell_->rung, false); }
     /// The left channel of what is made, from so many frames before the end of what was.
     std::vector<float> Ahead(int taken_back) {
         EXPECT_EQ(mixer_.Rewind(taken_back), taken_back);
@@ -188,8 +181,13 @@ class SpeechAhead : public testing::Test {
         return left;
     }
 
+    struct Bell final : ChangeBell {
+        void Ring() noexcept override { rung = true; }
+        bool rung = false;
+    };
     SpeechStream stream_;
-    Mixer mixer_;
+    const std::shared_ptr<Bell> bell_ = std::make_shared<Bell>();
+    Mixer mixer_{BestInstructions(), bell_};
 };
 
 TEST_F(SpeechAhead, ANewTextTakesThePlaceOfTheSilenceThatWasMade) {

@@ -2,6 +2,7 @@
 #include "audio/mixing/mixer.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tamlo {
 namespace {
@@ -14,7 +15,8 @@ constexpr int start_frames = stream_rate * 3 / 2000;  // 1.5 ms
 
 }  // namespace
 
-Mixer::Mixer(Instructions instructions) : interpolate_(SelectInterpolator(instructions)) {}
+Mixer::Mixer(Instructions instructions, std::shared_ptr<ChangeBell> changes)
+    : interpolate_(SelectInterpolator(instructions)), changes_(std::move(changes)) {}
 
 Mixer::~Mixer() {
     Free(commands_.TakeAll());
@@ -73,7 +75,7 @@ void Mixer::SetFrequency(Track& sound, int frequency) {
 void Mixer::Send(std::unique_ptr<Command> command) {
     Free(spent_.TakeAll());
     commands_.Push(command.release());
-    changes_->Ring();
+    if (changes_ != nullptr) changes_->Ring();
 }
 
 void Mixer::Free(Command* list) {

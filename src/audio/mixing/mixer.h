@@ -56,7 +56,9 @@ class Track {
 /// waits for the audio thread but in Detach, and takes effect with the next Mix or Rewind.
 class Mixer {
   public:
-    explicit Mixer(Instructions instructions = BestInstructions());
+    /// `changes`, if there is one, rings when a Rewind would make a difference.
+    explicit Mixer(Instructions instructions = BestInstructions(),
+                   std::shared_ptr<ChangeBell> changes = nullptr);
     /// Nobody may pull any more.
     ~Mixer();
     Mixer(const Mixer&) = delete;
@@ -71,9 +73,9 @@ class Mixer {
     void Pass(int frames) noexcept;
 
     // Rendering ahead of what is heard, for an output that can take back what it was given. It asks
-    // for blocks long before they are heard, says how far it has been heard, and when `Changes`
-    // rings it takes back the rest. As real-time safe as Mix. What these return may be "not now":
-    // ask again with the next block.
+    // for blocks long before they are heard, says how far it has been heard, and when the bell
+    // of changes rings it takes back the rest. As real-time safe as Mix. What these return may be
+    // "not now": ask again with the next block.
 
     /// Most frames that may be ahead.
     static constexpr int most_ahead = (most_marks - 6) * longest_piece;
@@ -88,8 +90,6 @@ class Mixer {
     /// rendered, or with the first frame that can still be changed. The frames returned, at most
     /// `ahead`, are to be rendered anew.
     std::optional<int> Rewind(int ahead) noexcept;
-    /// Rings when a Rewind would make a difference.
-    const std::shared_ptr<ChangeBell>& Changes() { return changes_; }
 
     /// The source is pulled with every block from now on, until Detach has returned.
     void Attach(Source& source);
@@ -164,7 +164,7 @@ class Mixer {
     Interpolator interpolate_;
     Handover<Command> commands_;
     Handover<Command> spent_;  ///< commands on their way back, to be freed
-    const std::shared_ptr<ChangeBell> changes_ = std::make_shared<ChangeBell>();
+    const std::shared_ptr<ChangeBell> changes_;
     Track* tracks_ = nullptr;  ///< that have ever been played
     /// Sums of the coming piece and, behind it, of the tails of sounds that were cut off.
     std::array<float, sum_frames> left_{};

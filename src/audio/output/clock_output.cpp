@@ -1,6 +1,8 @@
 // The clock's thread: watches over the card, and pulls in its place.
 #include "audio/output/clock_output.h"
 
+#include "services/thread.h"
+
 namespace tamlo {
 namespace {
 
@@ -31,7 +33,7 @@ ClockPulls::Time ClockPulls::Turn(Time now) {
 }
 
 ClockOutput::ClockOutput(std::shared_ptr<Tap> tap)
-    : pulls_(std::move(tap)), thread_([this] { Run(); }) {}
+    : pulls_(std::move(tap)), thread_(StartThread([this] { Run(); })) {}
 
 ClockOutput::~ClockOutput() {
     {
@@ -39,7 +41,7 @@ ClockOutput::~ClockOutput() {
         ending_ = true;
     }
     wake_.notify_all();
-    thread_.join();
+    if (thread_.joinable()) thread_.join();
 }
 
 void ClockOutput::Run() {

@@ -12,7 +12,7 @@ constexpr std::chrono::milliseconds longest_steady_gap{100};
 
 }  // namespace
 
-Tap::Tap(Mixer& mixer) : mixer_(&mixer), changes_(mixer.Changes()), card_pulled_(Now()) {}
+Tap::Tap(Mixer& mixer) : mixer_(&mixer), card_pulled_(Now()) {}
 
 Tap::Nanoseconds Tap::Now() {
     return std::chrono::steady_clock::now().time_since_epoch();

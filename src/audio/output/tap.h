@@ -26,8 +26,6 @@ class Tap {
     void Settle(int ahead) noexcept;
     /// None must be rendered anew if it is not the card's turn.
     std::optional<int> Rewind(int ahead) noexcept;
-    /// See Mixer::Changes.
-    ChangeBell& Changes() { return *changes_; }
     /// For the clock: lets the time of so many frames pass. Nothing if it is not in charge.
     void Pass(int frames) noexcept;
     /// The card gets silence from now on, and no time passes; the mixer is no longer used once this
@@ -59,8 +57,6 @@ class Tap {
     void Count(int frames) noexcept;
 
     Mixer* mixer_;
-    /// A card may hang for longer than the mixer lives.
-    const std::shared_ptr<ChangeBell> changes_;
     std::mutex pulling_;  ///< the audio threads only try it
     std::atomic<Output> in_charge_{Output::card};
     std::atomic<bool> unheard_{false};  ///< the sources have not been told yet

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "audio/mixing/source.h"
-#include "audio/voice/wakeup.h"
+#include "services/wakeup.h"
 
 namespace tamlo {
 

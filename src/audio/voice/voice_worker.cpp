@@ -1,15 +1,11 @@
 #include "audio/voice/voice_worker.h"
 
-#include <sys/resource.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <system_error>
 
 #include "audio/voice/wording.h"
-#include "linux/system/signals_held.h"
+#include "services/thread.h"
 
 namespace tamlo {
 namespace {
@@ -21,7 +17,6 @@ constexpr auto longest_stop = 1s;
 /// Texts that nobody has heard are said again when somebody hears: the last, not all of a long
 /// time.
 constexpr std::size_t most_unheard = 8;
-constexpr int lowest_priority = 19;
 /// -50 dB of full scale: what is softer at the start of a text only delays it.
 constexpr float audible = 0.00316f;
 /// Between texts queued one behind the other, which would run together; none behind the last.
@@ -126,13 +121,12 @@ bool VoiceWorker::AwaitStop() {
     return finished_;
 }
 
-void VoiceWorker::Yield() {
-    // Of one thread, in this system.
-    if (thread_id_ != 0) setpriority(PRIO_PROCESS, static_cast<id_t>(thread_id_), lowest_priority);
+void VoiceWorker::LowerPriority() {
+    if (thread_ != 0) tamlo::LowerPriority(thread_);
 }
 
 void VoiceWorker::Run() {
-    thread_id_ = gettid();
+    thread_ = ThisThread();
     int voices = synthesizer_->Open();
     {
         std::lock_guard lock(mutex_);
@@ -251,13 +245,9 @@ void VoiceWorker::Progress() {
 }
 
 VoiceThread::VoiceThread(std::unique_ptr<Synthesizer> synthesizer, Onset onset)
-    : worker_(std::make_shared<VoiceWorker>(std::move(synthesizer), onset)) {
-    const SignalsHeld held;
-    try {
-        thread_ = std::thread([worker = worker_] { worker->Run(); });
-    } catch (const std::system_error&) {
-        worker_->HaveNoVoices();
-    }
+    : worker_(std::make_shared<VoiceWorker>(std::move(synthesizer), onset)),
+      thread_(StartThread([worker = worker_] { worker->Run(); })) {
+    if (!thread_.joinable()) worker_->HaveNoVoices();
 }
 
 VoiceThread::~VoiceThread() {
@@ -273,7 +263,7 @@ VoiceThread::~VoiceThread() {
 void VoiceThread::LeaveBehind() {
     if (!thread_.joinable()) return;
     worker_->BeginToStop();
-    worker_->Yield();
+    worker_->LowerPriority();
     thread_.detach();
 }
 

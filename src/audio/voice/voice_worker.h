@@ -59,8 +59,8 @@ class VoiceWorker {
     void BeginToStop();
     /// Waits for that; false if it has not happened within a second.
     bool AwaitStop();
-    /// Has the thread take no time that others want.
-    void Yield();
+    /// Lowest scheduling priority for the thread.
+    void LowerPriority();
 
     /// For when there is no thread to Run it.
     void HaveNoVoices() { voices_ = 0; }
@@ -109,7 +109,7 @@ class VoiceWorker {
     std::atomic<SteadyTime> progress_;  ///< last sign of life of the synthesizer
     std::atomic<int> voices_{-1};       ///< -1 until it is ready
     std::atomic<bool> finished_{false};
-    std::atomic<int> thread_id_{0};  ///< the kernel's, 0 before Run
+    std::atomic<int> thread_{0};  ///< the system's number, 0 before Run
     Wakeup ready_or_finished_;
 
     // The voice's thread's own.

@@ -11,15 +11,14 @@
 #include <cstdint>
 #include <deque>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 
 #include "linux/braille/brlapi_keys.h"
 #include "linux/braille/brlapi_library.h"
 #include "linux/system/descriptor.h"
-#include "linux/system/signals_held.h"
 #include "reading/braille_reading.h"
+#include "services/thread.h"
 
 namespace tamlo {
 namespace {
@@ -206,13 +205,13 @@ class BrailleDisplay::Reader {
 };
 
 BrailleDisplay::BrailleDisplay(Plan plan) : mailbox_(std::make_shared<Mailbox>(std::move(plan))) {
-    const SignalsHeld held;
-    try {
-        std::thread([box = mailbox_] {
-            if (const auto library = LoadBrlapi()) Reader(*box, *library).Run();
-            box->End();
-        }).detach();
-    } catch (const std::system_error&) {
+    std::thread thread = StartThread([box = mailbox_] {
+        if (const auto library = LoadBrlapi()) Reader(*box, *library).Run();
+        box->End();
+    });
+    if (thread.joinable()) {
+        thread.detach();
+    } else {
         mailbox_->End();
     }
 }

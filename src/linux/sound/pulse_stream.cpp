@@ -3,17 +3,15 @@
 #include "linux/sound/pulse_stream.h"
 
 #include <pulse/pulseaudio.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
-#include <system_error>
 #include <thread>
 #include <vector>
 
 #include "linux/sound/realtime.h"
-#include "linux/system/signals_held.h"
+#include "services/thread.h"
 
 namespace tamlo {
 namespace {
@@ -50,20 +48,23 @@ void Forget(pa_operation* operation) {
 /// The connection, on its own thread.
 class PulseStream::Line {
   public:
-    Line(std::shared_ptr<Tap> tap, int frames, std::atomic<int>& late)
+    Line(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes, int frames,
+         std::atomic<int>& late)
         : counted_from_(Clock::now() + settling_time),
           tap_(std::move(tap)),
+          changes_(std::move(changes)),
           frames_(frames),
           late_(late) {
         calls_.Listen(true);
-        tap_->Changes().Listen(true);
-        StartThread();
+        changes_->Listen(true);
+        thread_ = StartThread([this] { Run(); });
+        if (!thread_.joinable()) Note(Answer::none);
     }
     ~Line() {
         ending_ = true;
         calls_.Ring();
         if (thread_.joinable()) thread_.join();
-        tap_->Changes().Listen(false);
+        changes_->Listen(false);
     }
     Line(const Line&) = delete;
     Line& operator=(const Line&) = delete;
@@ -75,10 +76,9 @@ class PulseStream::Line {
     std::atomic<bool> paused{false};
 
   private:
-    void StartThread();
     void Run();
     void Connect();
-    void Watch(ChangeBell& bell, pa_io_event_cb_t callback);
+    void Watch(EventBell& bell, pa_io_event_cb_t callback);
     void Note(Answer what);
 
     void Fail();
@@ -94,9 +94,10 @@ class PulseStream::Line {
 
     const Clock::time_point counted_from_;
     const std::shared_ptr<Tap> tap_;
+    const std::shared_ptr<EventBell> changes_;
     const int frames_;
     std::atomic<int>& late_;
-    ChangeBell calls_;  ///< by whoever ends it
+    EventBell calls_;  ///< by whoever ends it
     std::atomic<bool> ending_{false};
     std::thread thread_;
 
@@ -117,17 +118,8 @@ void PulseStream::Line::Note(Answer what) {
     answer.compare_exchange_strong(awaited, what);
 }
 
-void PulseStream::Line::StartThread() {
-    const SignalsHeld held;
-    try {
-        thread_ = std::thread([this] { Run(); });
-    } catch (const std::system_error&) {
-        Note(Answer::none);
-    }
-}
-
 void PulseStream::Line::Run() {
-    thread = gettid();
+    thread = ThisThread();
     TakeRealTime();
     loop_.reset(pa_mainloop_new());
     Watch(calls_, [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
@@ -145,10 +137,10 @@ void PulseStream::Line::Run() {
     loop_.reset();
 }
 
-void PulseStream::Line::Watch(ChangeBell& bell, pa_io_event_cb_t callback) {
+void PulseStream::Line::Watch(EventBell& bell, pa_io_event_cb_t callback) {
     pa_mainloop_api* api = pa_mainloop_get_api(loop_.get());
-    if (bell.Descriptor() < 0 ||
-        api->io_new(api, bell.Descriptor(), PA_IO_EVENT_INPUT, callback, this) == nullptr) {
+    if (bell.Number() < 0 ||
+        api->io_new(api, bell.Number(), PA_IO_EVENT_INPUT, callback, this) == nullptr) {
         gone = true;
     }
 }
@@ -241,7 +233,7 @@ void PulseStream::Line::OnStream() {
     if (state != PA_STREAM_READY) return;
     const pa_buffer_attr* sizes = pa_stream_get_buffer_attr(stream_.get());
     depth_ = static_cast<int>(sizes->tlength) / frame_bytes;
-    Watch(tap_->Changes(),
+    Watch(*changes_,
           [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
              pa_io_event_flags_t /*flags*/, void* line) { static_cast<Line*>(line)->AskWhere(); });
     paused = pa_stream_is_suspended(stream_.get()) == 1;
@@ -280,7 +272,7 @@ void PulseStream::Line::Write(int blocks_wanted) {
 
 /// Where the server is by now, so that no more than need be is left as it was.
 void PulseStream::Line::AskWhere() {
-    tap_->Changes().TakeRings();
+    changes_->TakeRings();
     changed_ = true;
     if (asking_) return;
     pa_operation* question = pa_stream_update_timing_info(
@@ -303,7 +295,7 @@ void PulseStream::Line::Rewrite(bool told) {
         known ? static_cast<int>(std::clamp<std::int64_t>(
                     (where->write_index - where->read_index) / frame_bytes, 0, Mixer::most_ahead))
               : Held();
-    tap_->Changes().TakeRings();  // what they were for is taken now
+    changes_->TakeRings();  // what they were for is taken now
     const std::optional<int> rewound = tap_->Rewind(std::max(held - to_rewrite_ - margin, 0));
     if (!rewound) return;  // with the next block
     changed_ = false;
@@ -312,8 +304,9 @@ void PulseStream::Line::Rewrite(bool told) {
     Write((std::max(depth_ - held, 0) + to_rewrite_ + frames_ - 1) / frames_);
 }
 
-PulseStream::PulseStream(std::shared_ptr<Tap> tap, int frames, std::atomic<int>& late)
-    : line_(std::make_unique<Line>(std::move(tap), frames, late)) {}
+PulseStream::PulseStream(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes, int frames,
+                         std::atomic<int>& late)
+    : line_(std::make_unique<Line>(std::move(tap), std::move(changes), frames, late)) {}
 
 PulseStream::~PulseStream() {
     if (!line_->gone) std::this_thread::sleep_for(10ms);

@@ -8,6 +8,7 @@
 
 #include "audio/output/tap.h"
 #include "linux/sound/card_stream.h"
+#include "linux/sound/event_bell.h"
 
 namespace tamlo {
 
@@ -23,9 +24,11 @@ class PulseStream final : public CardStream {
     };
 
     /// Begins to open the server's default sink. Blocks of so many frames are asked for, and filled
-    /// from the tap, as soon as it answers. `late` counts how often the server had nothing left; it
-    /// must outlive the stream.
-    PulseStream(std::shared_ptr<Tap> tap, int frames, std::atomic<int>& late);
+    /// from the tap, as soon as it answers. `changes` rings when what the mixer has rendered is to
+    /// be taken back. `late` counts how often the server had nothing left; it must outlive the
+    /// stream.
+    PulseStream(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes, int frames,
+                std::atomic<int>& late);
     /// Waits for a moment, so that what fades out is heard; never for the server.
     ~PulseStream() override;
     PulseStream(const PulseStream&) = delete;

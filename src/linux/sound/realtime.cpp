@@ -5,8 +5,9 @@
 #include <SDL.h>
 #include <sched.h>
 
-#include <system_error>
 #include <thread>
+
+#include "services/thread.h"
 
 namespace tamlo {
 namespace {
@@ -39,13 +40,10 @@ void TakeRealTime() noexcept {
 // The way to the broker may hang: no thread that matters goes it.
 void AskBrokerFor(int thread) {
     if (thread == 0 || HasRealTime(thread)) return;
-    try {
-        std::thread([thread] {
-            SDL_LinuxSetThreadPriorityAndPolicy(thread, SDL_THREAD_PRIORITY_TIME_CRITICAL,
-                                                SCHED_RR);
-        }).detach();
-    } catch (const std::system_error&) {  // it goes on without
-    }
+    std::thread asking = StartThread([thread] {
+        SDL_LinuxSetThreadPriorityAndPolicy(thread, SDL_THREAD_PRIORITY_TIME_CRITICAL, SCHED_RR);
+    });
+    if (asking.joinable()) asking.detach();  // else it goes on without
 }
 
 }  // namespace tamlo

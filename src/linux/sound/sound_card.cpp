@@ -11,7 +11,6 @@
 #include <mutex>
 #include <optional>
 #include <string>
-#include <thread>
 
 #include "linux/sound/block_size.h"
 #include "linux/sound/card_stream.h"
@@ -19,6 +18,7 @@
 #include "linux/sound/realtime.h"
 #include "linux/sound/sdl_stream.h"
 #include "linux/sound/sound_servers.h"
+#include "services/thread.h"
 
 namespace tamlo {
 namespace {
@@ -42,10 +42,14 @@ constexpr int enough_blocks = 4;
 
 class SoundCard::Keeper {
   public:
-    Keeper(std::shared_ptr<Tap> tap, std::function<bool()> may_interrupt)
-        : tap_(std::move(tap)), may_interrupt_(std::move(may_interrupt)) {}
+    Keeper(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes,
+           std::function<bool()> may_interrupt)
+        : tap_(std::move(tap)),
+          changes_(std::move(changes)),
+          may_interrupt_(std::move(may_interrupt)) {}
 
     void Run();
+    void GoWithout();
     void AwaitFirstOpening();
     bool End();
     CardReport Report();
@@ -65,8 +69,9 @@ class SoundCard::Keeper {
     bool Sleep(std::chrono::milliseconds time);
     void Note(const std::string& driver);
 
-    std::shared_ptr<Tap> tap_;
-    std::function<bool()> may_interrupt_;
+    const std::shared_ptr<Tap> tap_;
+    const std::shared_ptr<EventBell> changes_;
+    const std::function<bool()> may_interrupt_;
     std::atomic<int> late_{0};
 
     // The keeper's thread only.
@@ -109,6 +114,13 @@ void SoundCard::Keeper::Run() {
     wake_.notify_all();
 }
 
+/// In place of Run, where there is no thread for it: as if there were no card.
+void SoundCard::Keeper::GoWithout() {
+    tap_->PutClockInCharge();
+    Note("");
+    ended_ = true;
+}
+
 bool SoundCard::Keeper::Open() {
     for (const std::string& driver : SoundDrivers()) {
         if (driver == failed_driver_) continue;
@@ -132,7 +144,7 @@ SoundCard::Keeper::Trial SoundCard::Keeper::OpenWith(const std::string& driver) 
 /// None if the audio library may know a way. A server that does not answer is waited for, so that
 /// it is heard as soon as it does; nobody waits for the keeper so long.
 std::optional<SoundCard::Keeper::Trial> SoundCard::Keeper::OpenPulse() {
-    auto stream = std::make_unique<PulseStream>(tap_, size_.Frames(), late_);
+    auto stream = std::make_unique<PulseStream>(tap_, changes_, size_.Frames(), late_);
     const auto longest = Clock::now() + longest_opening;
     while (stream->Opening() == PulseStream::Answer::awaited &&
            Sleep(Clock::now() < longest ? 1ms : 20ms)) {
@@ -266,14 +278,21 @@ CardReport SoundCard::Keeper::Report() {
     return {driver_, frames_, late_, openings_};
 }
 
-SoundCard::SoundCard(std::shared_ptr<Tap> tap, std::function<bool()> may_interrupt)
-    : keeper_(std::make_shared<Keeper>(std::move(tap), std::move(may_interrupt))) {
+SoundCard::SoundCard(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes,
+                     std::function<bool()> may_interrupt)
+    : keeper_(
+          std::make_shared<Keeper>(std::move(tap), std::move(changes), std::move(may_interrupt))) {
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tamlo Delivery");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, "Tamlo Delivery");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
     AskForRealTime();
     // The thread shares the keeper, so that it can be left behind in a driver that hangs.
-    std::thread([keeper = keeper_] { keeper->Run(); }).detach();
+    std::thread thread = StartThread([keeper = keeper_] { keeper->Run(); });
+    if (thread.joinable()) {
+        thread.detach();
+    } else {
+        keeper_->GoWithout();
+    }
 }
 
 SoundCard::~SoundCard() {

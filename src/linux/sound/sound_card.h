@@ -6,6 +6,7 @@
 #include <string>
 
 #include "audio/output/tap.h"
+#include "linux/sound/event_bell.h"
 
 namespace tamlo {
 
@@ -19,11 +20,12 @@ struct CardReport {
 
 class SoundCard {
   public:
-    /// Begins to open the default card, which is to pull the tap. No window is needed, but one may
-    /// be opened meanwhile. A card that comes, goes or changes later is followed. `may_interrupt`
-    /// is asked, on another thread, whether the stream may pause for a moment: for the change to
-    /// larger blocks after late ones.
-    SoundCard(std::shared_ptr<Tap> tap, std::function<bool()> may_interrupt);
+    /// Begins to open the default card, which is to pull the tap; `changes` is its mixer's bell. No
+    /// window is needed, but one may be opened meanwhile. A card that comes, goes or changes later
+    /// is followed. `may_interrupt` is asked, on another thread, whether the stream may pause for a
+    /// moment: for the change to larger blocks after late ones.
+    SoundCard(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes,
+              std::function<bool()> may_interrupt);
     /// Leaves behind a driver that does not answer.
     ~SoundCard();
     SoundCard(const SoundCard&) = delete;

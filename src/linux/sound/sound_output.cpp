@@ -10,10 +10,12 @@ constexpr int quiet_frames = stream_rate / 2;
 }  // namespace
 
 SoundOutput::SoundOutput(std::string sounds_folder)
-    : sound_(mixer_, std::move(sounds_folder)),
+    : changes_(std::make_shared<EventBell>()),
+      mixer_(BestInstructions(), changes_),
+      sound_(mixer_, std::move(sounds_folder)),
       tap_(std::make_shared<Tap>(mixer_)),
-      // A card left behind in a driver that hangs outlives this object, so it asks the tap.
-      card_(tap_, [tap = tap_] { return tap->FramesOfQuiet() > quiet_frames; }),
+      // The card may outlive this object, so it asks the tap.
+      card_(tap_, changes_, [tap = tap_] { return tap->FramesOfQuiet() > quiet_frames; }),
       // After the card: if there is none, the clock is to pull from its first moment.
       clock_(tap_) {}
 

@@ -8,6 +8,7 @@
 #include "audio/output/clock_output.h"
 #include "audio/output/mixed_sound.h"
 #include "audio/output/tap.h"
+#include "linux/sound/event_bell.h"
 #include "linux/sound/sound_card.h"
 
 namespace tamlo {
@@ -41,6 +42,8 @@ class SoundOutput {
     std::int64_t Frames() const { return tap_->Frames(); }
 
   private:
+    /// Shared: a card left behind in a driver that hangs outlives this object.
+    std::shared_ptr<EventBell> changes_;
     Mixer mixer_;
     MixedSoundSystem sound_;
     std::shared_ptr<Tap> tap_;

@@ -11,11 +11,10 @@
 #include <cerrno>
 #include <csignal>
 #include <optional>
-#include <system_error>
 #include <thread>
 
 #include "linux/system/safe_write.h"
-#include "linux/system/signals_held.h"
+#include "services/thread.h"
 
 namespace tamlo {
 namespace {
@@ -90,12 +89,9 @@ void AwaitEnd(pid_t child) {
 
 /// Takes note of the child's end whenever it comes, so that it does not stay as a zombie.
 void AwaitEndAside(pid_t child) {
-    const SignalsHeld held;
-    try {
-        std::thread(AwaitEnd, child).detach();
-    } catch (const std::system_error&) {
-        // The child runs all the same; the system clears it away when this program ends.
-    }
+    std::thread waiting = StartThread([child] { AwaitEnd(child); });
+    // Without it the child runs all the same; the system clears it away when this program ends.
+    if (waiting.joinable()) waiting.detach();
 }
 
 /// Sets a signal's treatment for a while.
