@@ -1,6 +1,7 @@
 #include "city/city_map.h"
 
 #include "driving/hazards.h"
+#include "game/restaurant.h"
 
 namespace tamlo {
 namespace {
@@ -18,7 +19,7 @@ char MarkOf(HazardKind kind) {
 }  // namespace
 
 char MarkOf(int street, int road) {
-    if (road == 23 && (street == 51 || street == 52)) return '=';
+    if (IsRestaurant(street, road)) return '=';
     for (const Hazard& hazard : hazards) {
         if (hazard.street == street && hazard.road == road) return MarkOf(hazard.kind);
     }

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "game/restaurant.h"
+
 namespace tamlo {
 
 inline constexpr int sheet_side = 10;  // streets, and roads, of a sheet
@@ -31,10 +33,11 @@ struct MapSheet {
 };
 
 /// They meet at the restaurant and hold every fixed hazard.
-inline constexpr std::array<MapSheet, 4> map_sheets = {{{"north west", 42, 13},
-                                                        {"north east", 52, 13},
-                                                        {"south west", 42, 23},
-                                                        {"south east", 52, 23}}};
+inline constexpr std::array<MapSheet, 4> map_sheets = {
+    {{"north west", restaurant_west_street - sheet_side + 1, restaurant_road - sheet_side},
+     {"north east", restaurant_east_street, restaurant_road - sheet_side},
+     {"south west", restaurant_west_street - sheet_side + 1, restaurant_road},
+     {"south east", restaurant_east_street, restaurant_road}}};
 
 /// The marks of a sheet, a row for each road.
 std::array<std::string, sheet_side> Marks(const MapSheet& sheet);

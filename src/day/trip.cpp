@@ -1,5 +1,6 @@
 // A delivery trip, corner by corner.
 #include "game/form1.h"
+#include "game/restaurant.h"
 #include "services/files.h"
 #include "services/key_codes.h"
 #include "speech/menus.h"
@@ -11,10 +12,6 @@ constexpr int seconds_standing = 70;  // a block costs so many seconds less the 
 
 /// What the trip's menus lead to, besides their items.
 enum Choice { repeat_orders = -1, repeat_corner = -2, ask_exit = -3 };
-
-bool AtRestaurant(const GameState& gs) {
-    return gs.roy == 23 && (gs.rox == 51 || gs.rox == 52);
-}
 
 MenuKey DepartureKey(Form1& form) {
     const std::string& g = form.gs.g;
@@ -62,13 +59,13 @@ void Depart(Form1& form) {
     while (true) {
         switch (form.runMenu(menu)) {
             case 1:
-                form.gs.rox = 51;
-                form.gs.roy = 23;
+                form.gs.rox = restaurant_west_street;
+                form.gs.roy = restaurant_road;
                 form.gs.roz = 4;
                 return;
             case 2:
-                form.gs.rox = 52;
-                form.gs.roy = 23;
+                form.gs.rox = restaurant_east_street;
+                form.gs.roy = restaurant_road;
                 form.gs.roz = 2;
                 return;
             case repeat_orders: StartTrip(form); break;
@@ -133,7 +130,7 @@ int ChooseWay(Form1& form) {
     }
 }
 
-void Turn(GameState& gs, int way) {
+void ChangeHeading(GameState& gs, int way) {
     if (way == 2) gs.roz = gs.roz > 1 ? gs.roz - 1 : 4;
     if (way == 3) gs.roz = gs.roz < 4 ? gs.roz + 1 : 1;
 }
@@ -152,10 +149,10 @@ void Form1::trip() {
     Depart(*this);
     MoveOff(*this, false);
     while (true) {
-        Turn(gs, ChooseWay(*this));
+        ChangeHeading(gs, ChooseWay(*this));
         moveblock();
         MoveOff(*this, true);
-        if (gs.p2d <= 0 && AtRestaurant(gs)) return;
+        if (gs.p2d <= 0 && IsRestaurant(gs.rox, gs.roy)) return;
         if (const int k = OrderHere(gs)) deliver(k);
     }
 }

@@ -1,5 +1,6 @@
 // The start of a game and the working day: visits to the restaurant, and trips between them.
 #include "game/form1.h"
+#include "game/restaurant.h"
 #include "services/key_codes.h"
 #include "speech/menus.h"
 #include "text/number_text.h"
@@ -72,8 +73,9 @@ void Visit(Form1& form) {
     gs.tit = 0;
     if (gs.saidhome == 1) {
         gs.saidhome = 2;
-        form.say(" You are at The Tamlo Vorrel, which is on the south side of " + gs.ewnames(23) +
-                 " between " + gs.nsnames(51) + " and " + gs.nsnames(52) + ". ");
+        form.say(" You are at The Tamlo Vorrel, which is on the south side of " +
+                 gs.ewnames(restaurant_road) + " between " + gs.nsnames(restaurant_west_street) +
+                 " and " + gs.nsnames(restaurant_east_street) + ". ");
     }
     form.dy(0.3);
     if (gs.firsttrip == 1) {

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "game/restaurant.h"
+
 namespace tamlo {
 
 enum class HazardKind { crossing, truck, trap, hospital };
@@ -15,15 +17,15 @@ struct Hazard {
 /// In the order in which they are tested. A hospital lets the check go on, and so does a trap
 /// that is passed at the speed limit.
 inline constexpr std::array<Hazard, 9> hazards = {{
-    {56, 23, HazardKind::crossing},  // Fifth Avenue and Center
-    {45, 23, HazardKind::crossing},  // Seventh Street and Center
-    {51, 25, HazardKind::truck},     // First Street and Cadillac
-    {54, 24, HazardKind::trap},      // Third Avenue and Buick
-    {47, 22, HazardKind::trap},      // Fifth Street and Apple
-    {53, 19, HazardKind::trap},      // Second Avenue and Cedar
-    {52, 19, HazardKind::hospital},  // First Avenue and Cedar
-    {46, 27, HazardKind::trap},      // Sixth Street and Chrysler
-    {46, 26, HazardKind::hospital},  // Sixth Street and Chevy
+    {56, restaurant_road, HazardKind::crossing},  // Fifth Avenue and Center
+    {45, restaurant_road, HazardKind::crossing},  // Seventh Street and Center
+    {51, 25, HazardKind::truck},                  // First Street and Cadillac
+    {54, 24, HazardKind::trap},                   // Third Avenue and Buick
+    {47, 22, HazardKind::trap},                   // Fifth Street and Apple
+    {53, 19, HazardKind::trap},                   // Second Avenue and Cedar
+    {52, 19, HazardKind::hospital},               // First Avenue and Cedar
+    {46, 27, HazardKind::trap},                   // Sixth Street and Chrysler
+    {46, 26, HazardKind::hospital},               // Sixth Street and Chevy
 }};
 
 inline constexpr double speed_limit = 35;   // miles an hour; the traps fire above it
@@ -31,7 +33,7 @@ inline constexpr double patrol_speed = 40;  // the patrols look at speeds above 
 
 /// Center, Seventh Street and Fifth Avenue, by their places whatever they are called.
 constexpr bool Patrolled(int street, int road) {
-    return road != 23 && street != 45 && street != 56;
+    return road != restaurant_road && street != 45 && street != 56;
 }
 
 }  // namespace tamlo

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "game/form1.h"
+#include "game/restaurant.h"
 #include "services/clock.h"
 #include "services/key_codes.h"
 #include "services/speech.h"
@@ -35,7 +36,8 @@ void Form1::sayord() {
         say2(
             " You no longer have any tamlos to deliver. It's time to head back to the Tamlo Vorrel"
             ", on " +
-            gs.ewnames(23) + ", between " + gs.nsnames(51) + " and " + gs.nsnames(52) + ". ");
+            gs.ewnames(restaurant_road) + ", between " + gs.nsnames(restaurant_west_street) +
+            " and " + gs.nsnames(restaurant_east_street) + ". ");
         return;
     }
     for (int order = 1; order <= gs.noos; ++order) {

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "game/form1.h"
+#include "game/restaurant.h"
 #include "orders/menu_card.h"
 #include "text/number_text.h"
 #include "text/play_time.h"
@@ -18,6 +19,13 @@ constexpr int blocks_a_stop = 4;     // what a stop at a door counts for
 struct Corner {
     int street, road;
 };
+
+/// The middle of every delivery area; customers reckon the time from there.
+constexpr Corner area_middle{51, 22};
+
+int Blocks(Corner from, Corner to) {
+    return std::abs(to.street - from.street) + std::abs(to.road - from.road);
+}
 
 int DrawQuantity(Form1& form) {
     if (form.gs.plast == 2) {
@@ -53,20 +61,17 @@ int DrawCoordinate(Form1& form, int width, int middle, int count) {
 
 Corner DrawCorner(Form1& form) {
     while (true) {
-        const int street = DrawCoordinate(form, form.gs.mst, 51, most_streets);
-        const int road = DrawCoordinate(form, form.gs.mew, 22, most_roads);
-        const bool restaurant = road == 23 && (street == 51 || street == 52);
-        if (!restaurant) return {street, road};
+        const int street = DrawCoordinate(form, form.gs.mst, area_middle.street, most_streets);
+        const int road = DrawCoordinate(form, form.gs.mew, area_middle.road, most_roads);
+        if (!IsRestaurant(street, road)) return {street, road};
     }
 }
 
 /// Expected time at the door of order k, cumulative along the orders.
 int ExpectedTime(const GameState& gs, int k, Corner corner) {
-    if (k == 1)
-        return seconds_a_block * (std::abs(corner.street - 51) + std::abs(corner.road - 22));
-    const int blocks = std::abs(corner.street - gs.ordx(k - 1)) +
-                       std::abs(corner.road - gs.ordy(k - 1)) + blocks_a_stop;
-    return seconds_a_block * blocks + gs.ordeta(k - 1);
+    if (k == 1) return seconds_a_block * Blocks(area_middle, corner);
+    const Corner last{gs.ordx(k - 1), gs.ordy(k - 1)};
+    return seconds_a_block * (Blocks(last, corner) + blocks_a_stop) + gs.ordeta(k - 1);
 }
 
 void MakeOrder(Form1& form, int k) {

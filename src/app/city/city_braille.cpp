@@ -5,6 +5,7 @@
 #include "city/city_check.h"
 #include "city/city_map.h"
 #include "game/city_fields.h"
+#include "game/restaurant.h"
 #include "reading/pages.h"
 
 namespace tamlo {
@@ -19,15 +20,16 @@ std::string Digits(int number) {
 
 void AddLegend(BraillePages& pages, BrailleTranslator& translator, const std::string& city) {
     pages.Heading("Map of " + city, 1);
-    for (const char* sentence :
-         {"Four sheets meet at the restaurant. Each has ten streets and ten roads. North is up.",
-          "Above a sheet are the numbers of its streets, counted from the west edge of the city. "
-          "At "
-          "the left are the numbers of its roads, counted from the north edge. They have no number "
-          "sign. Behind each sheet are the names.",
-          "The restaurant is on the south side of road 23, between streets 51 and 52."}) {
-        pages.Paragraph(sentence);
-    }
+    pages.Paragraph(
+        "Four sheets meet at the restaurant. Each has ten streets and ten roads. North is up.");
+    pages.Paragraph(
+        "Above a sheet are the numbers of its streets, counted from the west edge of the city. At "
+        "the left are the numbers of its roads, counted from the north edge. They have no number "
+        "sign. Behind each sheet are the names.");
+    pages.Paragraph("The restaurant is on the south side of road " +
+                    std::to_string(restaurant_road) + ", between streets " +
+                    std::to_string(restaurant_west_street) + " and " +
+                    std::to_string(restaurant_east_street) + ".");
     pages.Heading("Marks", 2);
     for (const MapMark& mark : map_marks) {
         pages.Cells(std::string(1, mark.cell) + "  " + translator.Translate(mark.meaning));

@@ -3,6 +3,7 @@
 #include "city/city_check.h"
 #include "city/streets_file.h"
 #include "game/form1.h"
+#include "game/restaurant.h"
 #include "services/end_of_process.h"
 #include "services/events.h"
 #include "services/key_codes.h"
@@ -13,8 +14,6 @@ namespace {
 
 constexpr int leave = -1;
 constexpr int help = -2;
-constexpr int middle_road = 23;
-constexpr int middle_street = 51;
 
 MenuKey ListKey(const Form1& form) {
     if (form.gs.g == keys::escape) return MenuKey::Leave(leave);
@@ -36,10 +35,10 @@ void TakeNames(GameState& gs, const std::vector<std::string>& names) {
     gs.dirnames(gs.roz) = "North";
 }
 
-/// The corner of a road with the middle street, or of a street with the middle road.
+/// The corner of a road with a street of the restaurant, or of a street with its road.
 void SayCorner(Form1& form, int name) {
-    form.gs.rox = name <= most_roads ? middle_street : name - most_roads;
-    form.gs.roy = name <= most_roads ? name : middle_road;
+    form.gs.rox = name <= most_roads ? restaurant_west_street : name - most_roads;
+    form.gs.roy = name <= most_roads ? name : restaurant_road;
     form.clk();
     form.saywhere();
     form.w4s();
