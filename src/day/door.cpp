@@ -3,6 +3,7 @@
 
 #include "day/tip.h"
 #include "game/form1.h"
+#include "orders/sentences.h"
 
 namespace tamlo {
 namespace {
@@ -61,8 +62,7 @@ std::string Greet(Form1& form, int k) {
     const std::string item = ItemPhrase(gs.ordtext(k));
     form.say(gs.ordqty(k) == 1 ? "Hi. here is your " + item
                                : "Hi. here are your " + std::to_string(gs.ordqty(k)) + " " + item);
-    form.fm5(gs.ordprice(k));
-    const std::string price = gs.tp5;
+    const std::string price = form.money(gs.ordprice(k));
     form.dy(0.4);
     form.say("That will be" + price + " please.");
     form.dy(0.5);
@@ -74,21 +74,16 @@ void GetPaid(Form1& form, int k, const std::string& price) {
     const double tip = Tip(gs.ordprice(k), gs.ordeta(k), gs.tit);
     gs.triptips += tip;
     gs.cash += tip;
-    form.fm5(tip);
-    const std::string payment =
-        std::string(gs.custno < first_man ? " She" : " He") + "  pays you" + price;
+    const std::string tip_text = form.money(tip);
     form.dy(0.2);
     form.play("tamlo81");
     form.play("tamlo85");
     form.dy(0.2);
-    form.say(payment);
-    form.logline(payment);
-    const std::string plus = " plus a tip of" + gs.tp5;
+    form.saylog((gs.custno < first_man ? " She  pays you" : " He  pays you") + price);
     form.dy(0.2);
     if (tip > 0.99) form.play("tamlo81");
     form.play("tamlo85");
-    form.say(plus);
-    form.logline(plus);
+    form.saylog(" plus a tip of" + tip_text);
 }
 
 void CloseOrder(GameState& gs, int k) {
@@ -104,7 +99,8 @@ void Form1::deliver(int k) {
     Arrive(*this);
     KnockAndWait(*this);
     DrawCustomer(*this);
-    GetPaid(*this, k, Greet(*this, k));
+    const std::string price = Greet(*this, k);
+    GetPaid(*this, k, price);
     addtime(stop_at_door);
     dy(0.3);
     say(" Thank you ");

@@ -1,7 +1,7 @@
 // Back at the restaurant: the trip's summary, promotions, the end of the game with the record.
-#include <array>
-
 #include "game/form1.h"
+#include "game/vehicles.h"
+#include "orders/sentences.h"
 #include "services/clock.h"
 #include "services/files.h"
 #include "speech/menus.h"
@@ -16,39 +16,17 @@ namespace {
 constexpr double goal = 2000;  // dollars, to be exceeded
 const std::string record_name = "tamlo.rec";
 
-struct Promotion {
-    double above;  // dollars
-    int from;      // vehicle
-    std::string_view text;
-};
-
-constexpr std::array<Promotion, 2> promotions = {{
-    {100, 1,
-     " You have been promoted from the tamlo vorrel scooter to the tamlo vorrel psychedelic dune "
-     "buggy. "},
-    {500, 2,
-     " You have been promoted from the tamlo vorrel psychedelic dune buggy  to the tamlo vorrel "
-     "psychedelic van. "},
-}};
-
+/// Gives the driver better vehicles, one after the other, for as long as the cash suffices.
 void Promote(Form1& form) {
-    for (const Promotion& promotion : promotions) {
-        if (form.gs.cash <= promotion.above || form.gs.plast != promotion.from) continue;
-        form.gs.plast = promotion.from + 1;
-        form.say(promotion.text);
+    GameState& gs = form.gs;
+    while (VehicleOf(gs.plast) != nullptr) {
+        const Vehicle* next = VehicleOf(gs.plast + 1);
+        if (next == nullptr || gs.cash <= next->earned_above) return;
+        ++gs.plast;
+        form.say(next->promotion);
         form.ldwv2();
         form.setmaxa();
     }
-}
-
-void SayAndLog(Form1& form, const std::string& text) {
-    form.say(text);
-    form.logline(text);
-}
-
-void QueueAndLog(Form1& form, const std::string& text) {
-    form.say2(text);
-    form.logline(text);
 }
 
 /// The time, holder and date of a record, between words that differ by its fate.
@@ -88,9 +66,8 @@ OldRecord ReadRecord(Form1& form) {
     if (auto record = DecodeRecord(file.bytes)) return {std::move(record), std::move(file.bytes)};
     const bool was_read = file.outcome == Outcome::ok;
     const bool aside = was_read && form.putaside(record_name);
-    QueueAndLog(form, std::string(" I 'm sorry, but the old record can not be ") +
-                          (was_read ? "understood. " : "read. ") +
-                          (aside ? "It has been put aside. " : ""));
+    form.say2log(std::string(" I 'm sorry, but the old record can not be ") +
+                 (was_read ? "understood. " : "read. ") + (aside ? "It has been put aside. " : ""));
     return {std::nullopt, "", !aside};
 }
 
@@ -100,15 +77,7 @@ void StoreRecord(Form1& form, Record record, const OldRecord& old) {
     record.date = form.platform.clock.Today();
     const std::string bytes = OverwrittenBy(old.bytes, EncodeRecord(record));
     if (old.in_the_way || !form.platform.files.Replace(form.path(record_name), bytes)) {
-        SayAndLog(form, " I 'm sorry, but the record could not be saved. ");
-    }
-}
-
-void RemoveSavedGame(Form1& form) {
-    const std::string saved = form.path("tamlo.sav");
-    if (form.platform.files.FindFile(saved).empty()) return;
-    if (!form.platform.files.Delete(saved)) {
-        form.say(" I 'm sorry, but the saved game could not be deleted. ");
+        form.saylog(" I 'm sorry, but the record could not be saved. ");
     }
 }
 
@@ -120,15 +89,13 @@ void Form1::comeback() {
     stoppidl();
     bgstop();
     ppk();
-    SayAndLog(*this, " you are back to The tamlo vorrel ");
+    saylog(" you are back to The tamlo vorrel ");
     const ClockParts parts = SplitTime(gs.tit);
     gs.tit = parts.seconds;
-    fm5(gs.triptips);
-    const std::string summary = " your trip took " + Plain(parts.hours * 60 + parts.minutes) +
-                                " minutes and " + Plain(gs.tit) + " seconds. " + " You made " +
-                                gs.tp5 + " in tips.";
+    const std::string tips = money(gs.triptips);
     dy(0.2);
-    SayAndLog(*this, summary);
+    saylog(" your trip took " + Plain(parts.hours * 60 + parts.minutes) + " minutes and " +
+           Plain(gs.tit) + " seconds. " + " You made " + tips + " in tips.");
     dy(0.2);
     Promote(*this);
     if (gs.cash > goal) endgame();
@@ -139,18 +106,16 @@ void Form1::endgame() {
     play("tamlo38");
     dy(0.2);
     stopppk();
-    SayAndLog(*this,
-              " You have made over two thousand dollars delivering delicious tamlos for the Tamlo "
-              "Vorrel.");
+    saylog(
+        " You have made over two thousand dollars delivering delicious tamlos for the Tamlo "
+        "Vorrel.");
     gs.nsd += gs.atod - start_of_day;
     CarryTime(gs.nhr, gs.nmt, gs.nsd);
-    SayAndLog(*this, " It took you " + Plain(gs.nhr) + " hours, " + Plain(gs.nmt) +
-                         " minutes and " + Plain(gs.nsd) + " seconds." + " And you delivered " +
-                         CountPicture(gs.npd) + " tamlo" + (gs.npd == 1 ? "" : "s") +
-                         " for the Tamlo Vorrel. ");
+    saylog(" It took you " + Plain(gs.nhr) + " hours, " + Plain(gs.nmt) + " minutes and " +
+           Plain(gs.nsd) + " seconds. And you " + TamlosDelivered(gs.npd));
     checkrecord();
     say(" Thank you for playing Tamlo Delivery ");
-    RemoveSavedGame(*this);
+    removesaga();
     runEnd();
 }
 
@@ -158,12 +123,12 @@ void Form1::checkrecord() {
     const OldRecord old = ReadRecord(*this);
     const Record own{gs.nhr, gs.nmt, gs.nsd, "", {}};
     if (old.record && !own.ShorterThan(*old.record)) {
-        QueueAndLog(*this, Told(*old.record, " The record is ", " hours ", " on "));
+        say2log(Told(*old.record, " The record is ", " hours ", " on "));
         return;
     }
-    QueueAndLog(*this, " Which sets a new record.");
-    QueueAndLog(*this, old.record ? Told(*old.record, " The old record was ", " Hours, ", ". on ")
-                                  : " There was no previous record.");
+    say2log(" Which sets a new record.");
+    say2log(old.record ? Told(*old.record, " The old record was ", " Hours, ", ". on ")
+                       : " There was no previous record.");
     StoreRecord(*this, own, old);
 }
 

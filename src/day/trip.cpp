@@ -1,7 +1,6 @@
 // A delivery trip, corner by corner.
 #include "game/form1.h"
 #include "game/restaurant.h"
-#include "services/files.h"
 #include "services/key_codes.h"
 #include "speech/menus.h"
 
@@ -109,10 +108,7 @@ void AskExit(Form1& form) {
     const int answer = form.askYesNo(
         {.question = " Do you wish to exit the game? ", .lead = YesNoPrompt::Lead::pause_clear});
     if (answer != 1) return;
-    const std::string saved = form.path("tamlo.sav");
-    if (!form.platform.files.FindFile(saved).empty() && !form.platform.files.Delete(saved)) {
-        form.say(" I 'm sorry, but the saved game could not be deleted. ");
-    }
+    form.removesaga();
     form.runEnd();
 }
 

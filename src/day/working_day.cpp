@@ -1,9 +1,9 @@
 // The start of a game and the working day: visits to the restaurant, and trips between them.
 #include "game/form1.h"
 #include "game/restaurant.h"
+#include "orders/sentences.h"
 #include "services/key_codes.h"
 #include "speech/menus.h"
-#include "text/number_text.h"
 #include "text/play_time.h"
 
 namespace tamlo {
@@ -34,9 +34,7 @@ bool PlayWithDefaultNames(Form1& form) {
 }
 
 void CheckCash(Form1& form) {
-    form.fm5(form.gs.cash);
-    form.say(" You have" + form.gs.tp5 + ". You have delivered " + CountPicture(form.gs.npd) +
-             " tamlo" + (form.gs.npd == 1 ? "" : "s") + " for the Tamlo Vorrel. ");
+    form.say(" You have" + form.money(form.gs.cash) + ". You have " + TamlosDelivered(form.gs.npd));
 }
 
 MenuKey RestaurantKey(Form1& form) {

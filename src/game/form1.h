@@ -149,6 +149,8 @@ class Form1 final : private KeyListener {
     bool announce();
     /// Money as text, into `tp5`.
     void fm5(double dollars);
+    /// The same, also returned.
+    std::string money(double dollars);
     /// Fills the table of toppings.
     void settoppings();
 
@@ -186,12 +188,21 @@ class Form1 final : private KeyListener {
     std::string path(std::string_view name) const;
     /// Renames a file that can't be understood to a new name; false if that fails.
     bool putaside(const std::string& name);
-    /// Appends a line to the daily log, or starts it afresh.
+    /// Starts the daily log with a header; appends a line to it.
+    void startlog();
     void logline(std::string_view line);
+    /// Speaks a text in full and then logs it; queues it and logs it; logs it and then speaks it.
+    void saylog(std::string_view text);
+    void say2log(std::string_view text);
+    void logsay(std::string_view text);
     /// Quits for the day: wage, saved game. False if the game could not be saved.
     bool saga();
+    /// Restores the saved game, if there is one; else starts the daily log.
     void gesaga();
+    /// Deletes the saved game if the player confirms, and restarts the game.
     void desag();
+    /// Deletes the saved game, if there is one; says so and returns false if that fails.
+    bool removesaga();
 
   private:
     void Form_KeyDown(int code, int modifiers) override;

@@ -6,6 +6,7 @@
 #include "game/form1.h"
 #include "game/restaurant.h"
 #include "orders/menu_card.h"
+#include "orders/sentences.h"
 #include "text/number_text.h"
 #include "text/play_time.h"
 
@@ -81,8 +82,7 @@ void MakeOrder(Form1& form, int k) {
     gs.ordqty(k) = quantity;
     const TamloSize& size = form.draw(4) == 3 ? large : extra_large;
 
-    // The door scene cuts the item's description out of this sentence: its beginning is fixed.
-    std::string text = " There is an order for " + std::to_string(quantity);
+    std::string text = OrderOpening(quantity);
     text += size.word;
     const int toppings = AppendToppings(form, text);
     text += quantity > 1 ? " tamlos" : " tamlo";
@@ -97,8 +97,7 @@ void MakeOrder(Form1& form, int k) {
     double price = size.base + toppings * size.per_topping;
     if (quantity > 1) price *= quantity;
     gs.ordprice(k) = price;
-    form.fm5(price);
-    gs.ordtext(k) = text + "  cost" + gs.tp5 + ". ";
+    gs.ordtext(k) = text + "  cost" + form.money(price) + ". ";
     gs.ordopen(k) = 1;
     ++gs.p2d;
 }
@@ -111,6 +110,11 @@ void Form1::settoppings() {
 
 void Form1::fm5(double dollars) {
     gs.tp5 = MoneyText(dollars);
+}
+
+std::string Form1::money(double dollars) {
+    fm5(dollars);
+    return gs.tp5;
 }
 
 void Form1::getord() {

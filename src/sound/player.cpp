@@ -1,22 +1,11 @@
 // The ways of playing an effect: to its end, until a key, without waiting, in a loop; and the
 // preloaded buffers of the vehicle and the background.
-#include <array>
-
 #include "game/form1.h"
+#include "game/vehicles.h"
 #include "services/sound.h"
 
 namespace tamlo {
 namespace {
-
-struct VehicleSounds {
-    std::string_view start, go, idle;
-};
-
-constexpr std::array<VehicleSounds, 3> vehicle_sounds = {{
-    {"tamlo2", "tamlo4", "tamlo3"},     // scooter
-    {"tamlo26", "tamlo28", "tamlo27"},  // dune buggy
-    {"tamlo30", "tamlo32", "tamlo31"},  // van
-}};
 
 constexpr int backgrounds = 4;
 constexpr int fade_steps = 15;
@@ -133,11 +122,11 @@ void Form1::ldwv() {
 }
 
 void Form1::ldwv2() {
-    if (gs.plast < 1 || gs.plast > static_cast<int>(vehicle_sounds.size())) return;
-    const VehicleSounds& vehicle = vehicle_sounds[static_cast<std::size_t>(gs.plast) - 1];
-    prepare(gs.wbstart, vehicle.start);
-    prepare(gs.wbgo, vehicle.go);
-    prepare(gs.wbidle, vehicle.idle);
+    const Vehicle* vehicle = VehicleOf(gs.plast);
+    if (vehicle == nullptr) return;
+    prepare(gs.wbstart, vehicle->start_sound);
+    prepare(gs.wbgo, vehicle->go_sound);
+    prepare(gs.wbidle, vehicle->idle_sound);
 }
 
 }  // namespace tamlo

@@ -1,10 +1,7 @@
-// The career between days: quitting for the day, resuming, deleting the saved game; and the log.
-#include <algorithm>
-#include <array>
-
+// The career between days: quitting for the day, resuming, deleting the saved game.
 #include "game/form1.h"
 #include "game/vehicles.h"
-#include "services/clock.h"
+#include "orders/sentences.h"
 #include "services/desktop.h"
 #include "services/end_of_process.h"
 #include "services/files.h"
@@ -19,15 +16,18 @@ namespace {
 constexpr double wage = 3.14;  // dollars an hour
 
 const std::string saved_game_name = "tamlo.sav";
-const std::string log_name = "tamlolog.txt";
-
-std::string TamlosDelivered(int npd) {
-    return " You have delivered " + CountPicture(npd) + " tamlo" + (npd == 1 ? "" : "s") +
-           " for the Tamlo Vorrel. ";
+/// The fields that the saved game holds.
+SavedGame CareerOf(const GameState& gs) {
+    return {gs.cash, gs.plast, gs.nhr, gs.nmt, gs.nsd, gs.npd};
 }
 
-std::string TwoDigits(int number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
+void Resume(GameState& gs, const SavedGame& career) {
+    gs.cash = career.cash;
+    gs.plast = career.plast;
+    gs.nhr = career.nhr;
+    gs.nmt = career.nmt;
+    gs.nsd = career.nsd;
+    gs.npd = career.npd;
 }
 
 /// What a working day brings.
@@ -63,20 +63,10 @@ void TellHours(Form1& form, double hours) {
 /// The day's summary, spoken and logged. The career holds the day already.
 void TellDay(Form1& form, const DaysWork& day) {
     TellHours(form, day.hours);
-    form.fm5(day.pay);
-    std::string text = " You are paid, " + form.gs.tp5;
-    form.say(text);
-    form.logline(text);
-
+    form.saylog(" You are paid, " + form.money(day.pay));
     form.dy(0.2);
-    form.fm5(Rounded(form.gs.cash, 2));
-    text = " You now have, " + form.gs.tp5;
-    form.say(text);
-    form.logline(text);
-
-    text = TamlosDelivered(form.gs.npd);
-    form.logline(text);
-    form.say(text);
+    form.saylog(" You now have, " + form.money(Rounded(form.gs.cash, 2)));
+    form.logsay(" You have " + TamlosDelivered(form.gs.npd));
     form.dy(0.2);
 }
 
@@ -87,17 +77,7 @@ bool Save(Form1& form) {
         if (!form.putaside(saved_game_name)) return false;
         gs.badsave = 0;
     }
-    const SavedGame game{gs.cash, gs.plast, gs.nhr, gs.nmt, gs.nsd, gs.npd};
-    return form.platform.files.Replace(form.path(saved_game_name), EncodeSavedGame(game));
-}
-
-void StartLog(Form1& form) {
-    const Date today = form.platform.clock.Today();
-    const std::string header = " Tamlo Delivery log file on " + TwoDigits(today.month) + "-" +
-                               TwoDigits(today.day) + "-" + std::to_string(today.year);
-    if (!form.platform.files.Replace(form.path(log_name), header + "\r\n\r\n")) {
-        form.gs.nowrite = std::max(form.gs.nowrite, 1);
-    }
+    return form.platform.files.Replace(form.path(saved_game_name), EncodeSavedGame(CareerOf(gs)));
 }
 
 /// A career that can't be understood is kept under another name, and the player told. One that
@@ -112,8 +92,7 @@ void LoseCareer(Form1& form, bool was_read) {
         form.gs.badsave = 1;
         text += "A new game begins. ";
     }
-    form.logline(text);
-    form.say(text);
+    form.logsay(text);
 }
 
 std::string WorkedSoFar(const GameState& gs) {
@@ -122,42 +101,25 @@ std::string WorkedSoFar(const GameState& gs) {
     if (gs.nhr > 0) text += Plain(gs.nhr) + " hour" + plural(gs.nhr);
     text += " " + Plain(gs.nmt) + " minute" + plural(gs.nmt) + " and " + Plain(gs.nsd) + " second" +
             plural(gs.nsd) + ". ";
-    if (gs.npd > 0) text += TamlosDelivered(gs.npd);
+    if (gs.npd > 0) text += " You have " + TamlosDelivered(gs.npd);
     return text;
 }
 
 void TellCareer(Form1& form) {
     GameState& gs = form.gs;
     form.logline("");
-    const std::string worked = WorkedSoFar(gs);
-    form.logline(worked);
-    form.say(worked);
-    form.fm5(gs.cash);
-    const std::string money = "You have " + gs.tp5 + ".";
-    form.logline(money);
-    form.say(money);
-    const std::string driving =
-        "You are driving the tamlo vorrel " + std::string(VehicleOf(gs.plast)->short_name) + ".";
-    form.say(driving);
-    form.logline(driving);
+    form.logsay(WorkedSoFar(gs));
+    form.logsay("You have " + form.money(gs.cash) + ".");
+    form.saylog("You are driving the tamlo vorrel " + std::string(VehicleOf(gs.plast)->short_name) +
+                ".");
 }
 
 }  // namespace
 
-// A log that can't be written never stops the game.
-void Form1::logline(std::string_view line) {
-    if (!platform.files.Append(path(log_name), std::string(line) + "\r\n")) {
-        gs.nowrite = std::max(gs.nowrite, 1);
-    }
-}
-
-// The summary takes ten seconds. The day is stored before them, so that a player who leaves
-// meanwhile, or whose machine does, has it all the same.
+// The summary takes ten seconds. The day is stored before it, so that it is not lost if the player
+// leaves or the machine fails meanwhile.
 bool Form1::saga() {
-    const double cash = gs.cash;
-    const int hours = gs.nhr;
-    const int minutes = gs.nmt;
-    const double seconds = gs.nsd;
+    const SavedGame before = CareerOf(gs);
     const DaysWork day(gs.atod - start_of_day);
     AddDay(gs, day);
     const bool saved = Save(*this);
@@ -167,11 +129,7 @@ bool Form1::saga() {
         say(" game saved ");
         return true;
     }
-    // As before the quit, so that a later one pays and counts the day once.
-    gs.cash = cash;
-    gs.nhr = hours;
-    gs.nmt = minutes;
-    gs.nsd = seconds;
+    Resume(gs, before);  // so that a later quit pays and counts the day once
     say(" I 'm sorry, but the game could not be saved. ");
     ppk();
     return false;
@@ -180,7 +138,7 @@ bool Form1::saga() {
 void Form1::gesaga() {
     const ReadResult file = platform.files.Read(path(saved_game_name));
     if (file.outcome == ReadResult::Outcome::missing) {
-        StartLog(*this);
+        startlog();
         return;
     }
     dy(0.3);
@@ -191,12 +149,7 @@ void Form1::gesaga() {
         LoseCareer(*this, file.outcome == ReadResult::Outcome::ok);
         return;
     }
-    gs.cash = game->cash;
-    gs.plast = game->plast;
-    gs.nhr = game->nhr;
-    gs.nmt = game->nmt;
-    gs.nsd = game->nsd;
-    gs.npd = game->npd;
+    Resume(gs, *game);
     TellCareer(*this);
 }
 
@@ -213,13 +166,17 @@ void Form1::desag() {
                   .pause_before_answer = true});
     if (answer != 1) return;
     say(" deleting saved game ");
-    if (!platform.files.Delete(path(saved_game_name))) {
-        say(" I 'm sorry, but the saved game could not be deleted. ");
-        return;
-    }
+    if (!removesaga()) return;
     say(" restarting game ");
     platform.desktop.StartGame();
     throw EndOfProcess{};
+}
+
+bool Form1::removesaga() {
+    const std::string saved = path(saved_game_name);
+    if (platform.files.FindFile(saved).empty() || platform.files.Delete(saved)) return true;
+    say(" I 'm sorry, but the saved game could not be deleted. ");
+    return false;
 }
 
 }  // namespace tamlo

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "orders/sentences.h"
 #include "text/play_time.h"
 
 namespace tamlo {
