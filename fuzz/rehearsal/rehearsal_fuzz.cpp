@@ -10,9 +10,9 @@
 #include "fuzzing.h"
 #include "game/form1.h"
 #include "game/game_fields.h"
-#include "linux/system/disk_files.h"
 #include "monkeys/witness.h"
 #include "rehearsal/rehearsal.h"
+#include "services/disk_files.h"
 #include "store/saved_game.h"
 #include "temporary_folder.h"
 

@@ -12,12 +12,12 @@
 
 #include "app/sounds/sound_meanings.h"
 #include "game/form1.h"
-#include "linux/system/disk_files.h"
 #include "linux/terminal/terminal_keys.h"
 #include "reading/captioned_sound.h"
 #include "reading/captioned_speech.h"
 #include "rehearsal/rehearsal.h"
 #include "services/clock.h"
+#include "services/disk_files.h"
 #include "services/end_of_process.h"
 
 namespace tamlo {

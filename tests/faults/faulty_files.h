@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "linux/system/disk_files.h"
+#include "services/disk_files.h"
 
 namespace tamlo {
 

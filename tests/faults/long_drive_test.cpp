@@ -9,10 +9,10 @@
 
 #include "game/form1.h"
 #include "game/game_fields.h"
-#include "linux/system/disk_files.h"
 #include "listening_speech.h"
 #include "rehearsal/rehearsal.h"
 #include "scenarios/career_driver.h"
+#include "services/disk_files.h"
 #include "temporary_folder.h"
 
 namespace tamlo {

@@ -8,7 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "linux/system/disk_files.h"
+#include "services/disk_files.h"
 #include "temporary_folder.h"
 
 namespace tamlo {

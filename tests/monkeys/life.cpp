@@ -5,10 +5,10 @@
 
 #include "game/form1.h"
 #include "game/game_fields.h"
-#include "linux/system/disk_files.h"
 #include "listening_speech.h"
 #include "monkeys/witness.h"
 #include "rehearsal/rehearsal.h"
+#include "services/disk_files.h"
 #include "store/record_file.h"
 #include "store/saved_game.h"
 

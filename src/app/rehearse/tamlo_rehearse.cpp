@@ -12,11 +12,11 @@
 #include <string>
 #include <variant>
 
+#include "app/sounds_folder.h"
 #include "game/form1.h"
 #include "game/game_fields.h"
-#include "linux/programs/sounds_folder.h"
-#include "linux/system/disk_files.h"
 #include "rehearsal/rehearsal.h"
+#include "services/disk_files.h"
 
 namespace tamlo {
 namespace {

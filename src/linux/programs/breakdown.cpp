@@ -6,9 +6,9 @@
 
 #include "audio/voice/voice_speech.h"
 #include "linux/sound/sound_output.h"
-#include "linux/system/disk_files.h"
 #include "linux/system/user_dirs.h"
 #include "linux/terminal/printed_lines.h"
+#include "services/disk_files.h"
 #include "text/printable.h"
 
 namespace tamlo {

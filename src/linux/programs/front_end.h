@@ -7,11 +7,11 @@
 #include "audio/voice/voice_speech.h"
 #include "linux/programs/machine.h"
 #include "linux/sound/sound_output.h"
-#include "linux/system/disk_files.h"
 #include "linux/system/system_clock.h"
 #include "linux/system/system_random.h"
 #include "reading/captioned_sound.h"
 #include "reading/captioned_speech.h"
+#include "services/disk_files.h"
 #include "services/end_of_process.h"
 
 namespace tamlo {

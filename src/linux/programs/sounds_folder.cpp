@@ -1,4 +1,4 @@
-#include "linux/programs/sounds_folder.h"
+#include "app/sounds_folder.h"
 
 #include <filesystem>
 

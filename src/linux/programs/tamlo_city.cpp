@@ -12,14 +12,14 @@
 
 #include "app/city/city_braille.h"
 #include "app/city/hear_city.h"
+#include "app/sounds_folder.h"
 #include "audio/voice/pronunciation.h"
 #include "city/city_check.h"
 #include "city/street_names.h"
 #include "city/streets_file.h"
 #include "linux/programs/machine.h"
-#include "linux/programs/sounds_folder.h"
-#include "linux/system/disk_files.h"
 #include "linux/system/user_dirs.h"
+#include "services/disk_files.h"
 
 namespace tamlo {
 namespace {

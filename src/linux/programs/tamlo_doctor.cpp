@@ -4,10 +4,10 @@
 #include <cstdio>
 
 #include "app/doctor/doctor.h"
+#include "app/sounds_folder.h"
 #include "audio/voice/voices.h"
 #include "game/form1.h"
 #include "linux/programs/machine.h"
-#include "linux/programs/sounds_folder.h"
 #include "linux/sound/sound_output.h"
 #include "linux/system/user_dirs.h"
 #include "reading/braille_display.h"

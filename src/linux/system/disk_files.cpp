@@ -1,5 +1,5 @@
 // The real disk: finding names without regard to case, and the operations on what was found.
-#include "linux/system/disk_files.h"
+#include "services/disk_files.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -12,8 +12,8 @@
 #include <new>
 
 #include "linux/system/descriptor.h"
-#include "linux/system/names.h"
 #include "linux/system/safe_write.h"
+#include "text/names.h"
 
 namespace tamlo {
 namespace {

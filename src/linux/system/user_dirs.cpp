@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-#include "linux/system/disk_files.h"
+#include "services/disk_files.h"
 
 namespace tamlo {
 namespace {

@@ -1,4 +1,4 @@
-// The real disk.
+// The real disk, as each edition has it.
 #pragma once
 
 #include "services/files.h"

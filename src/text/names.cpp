@@ -1,5 +1,5 @@
 // Comparing names without regard to case.
-#include "linux/system/names.h"
+#include "text/names.h"
 
 #include <algorithm>
 
