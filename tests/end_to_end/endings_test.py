@@ -2,6 +2,7 @@
 
 import fcntl
 import os
+import resource
 import signal
 import subprocess
 import sys
@@ -189,6 +190,23 @@ class Disk(Ending):
         terminal.line("start game")
         terminal.press("C-c")
         self.assertEqual(terminal.ended(), 0)
+
+
+class Signals(Ending):
+    """Those that nobody sent to end the game."""
+
+    def test_a_limit_of_file_sizes_is_told_and_the_game_goes_on(self):
+        game = self.start(NO_SOUND, stdin=subprocess.PIPE,
+                          preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (0, 0)))
+        game.line("can not be written")
+
+    def test_strays_end_neither_the_game_nor_its_watcher(self):
+        game = self.start(NO_SOUND, stdin=subprocess.PIPE)
+        game.line("[title tune]")
+        for process in (game.player(), game.process.pid):
+            for stray in (signal.SIGUSR1, signal.SIGALRM, signal.SIGIO, signal.SIGRTMAX):
+                os.kill(process, stray)
+        game.line("version 3.")
 
 
 class Lost(Ending):

@@ -74,9 +74,8 @@ class Machine:
                 resource.setrlimit(resource.RLIMIT_FSIZE, (longest_file, longest_file))
 
         command = [*strace, self.rehearse, "--documents", documents, self.work / script]
-        # Our own ignoring of the signal that comes with the limit is passed on.
         return subprocess.run(command, capture_output=True, text=True, timeout=1200, check=False,
-                              preexec_fn=limit, restore_signals=False)
+                              preexec_fn=limit)
 
     def strace(self, *options, log="/dev/null"):
         return ["strace", "-f", "-y", "-s", "200", "-o", log, "-e", "trace=file,desc", *options]

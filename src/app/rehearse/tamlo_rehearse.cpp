@@ -1,6 +1,5 @@
 // tamlo-rehearse: plays a script on the real game in virtual time and writes down everything that
 // would be spoken and heard. docs/rehearsal.md is its contract.
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -17,6 +16,7 @@
 #include "game/game_fields.h"
 #include "rehearsal/rehearsal.h"
 #include "services/disk_files.h"
+#include "services/stray_signals.h"
 
 namespace tamlo {
 namespace {
@@ -145,7 +145,7 @@ int Rehearse(const Arguments& arguments) {
 
 int main(int argc, char** argv) {
     // A reader that has seen enough must not keep the temporary folder from being removed.
-    std::signal(SIGPIPE, SIG_IGN);
+    tamlo::IgnoreStraySignals();
     try {
         const int status = tamlo::Rehearse(tamlo::ReadArguments(argc, argv));
         if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;

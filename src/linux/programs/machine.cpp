@@ -14,6 +14,7 @@
 #include "linux/system/watched_run.h"
 #include "linux/terminal/terminal_mode.h"
 #include "linux/window/desktop_window.h"
+#include "services/stray_signals.h"
 
 namespace tamlo {
 namespace {
@@ -89,8 +90,7 @@ int PlayToTheEnd(const std::string& sounds, const Session& session,
 int RunOnThisMachine(const std::string& sounds, const Session& session,
                      const OnFrontEnd& on_front_end) {
     OpenStandardStreams();
-    // A reader of our print that goes away is no reason to fall silent.
-    std::signal(SIGPIPE, SIG_IGN);
+    IgnoreStraySignals();
     const TerminalSettings terminal(STDIN_FILENO);
     const RunEnd end = RunWatched([&] { return PlayToTheEnd(sounds, session, on_front_end); });
     if (end.signal != 0) {

@@ -2,7 +2,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <iostream>
@@ -20,6 +19,7 @@
 #include "linux/programs/machine.h"
 #include "linux/system/user_dirs.h"
 #include "services/disk_files.h"
+#include "services/stray_signals.h"
 
 namespace tamlo {
 namespace {
@@ -171,7 +171,7 @@ int Run(int argc, char** argv) {
 }  // namespace tamlo
 
 int main(int argc, char** argv) {
-    std::signal(SIGPIPE, SIG_IGN);
+    tamlo::IgnoreStraySignals();
     try {
         const int status = tamlo::Run(argc, argv);
         if (std::cout.flush()) return status;

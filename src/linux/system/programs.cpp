@@ -19,10 +19,6 @@
 namespace tamlo {
 namespace {
 
-// Handlers and ignored signals of this program's must not become the other's.
-constexpr int signals_to_default[] = {SIGINT,  SIGQUIT, SIGTERM, SIGHUP,  SIGPIPE,
-                                      SIGTSTP, SIGTTIN, SIGTTOU, SIGCHLD, SIGCONT};
-
 std::vector<char*> ArgumentPointers(const std::vector<std::string>& arguments) {
     std::vector<char*> pointers;
     for (const std::string& argument : arguments) {
@@ -38,10 +34,11 @@ class SpawnSettings {
     SpawnSettings() {
         ::posix_spawnattr_init(&attributes_);
         ::posix_spawn_file_actions_init(&actions_);
+        // Signals that this program handles, ignores or holds back are as usual for the other.
         sigset_t defaults;
-        ::sigemptyset(&defaults);
-        sigset_t unblocked = defaults;
-        for (const int signal : signals_to_default) ::sigaddset(&defaults, signal);
+        ::sigfillset(&defaults);
+        sigset_t unblocked;
+        ::sigemptyset(&unblocked);
         ::posix_spawnattr_setsigdefault(&attributes_, &defaults);
         ::posix_spawnattr_setsigmask(&attributes_, &unblocked);
         Flag(POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
