@@ -3,6 +3,7 @@
 #include "linux/sound/sound_output.h"
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <atomic>
 #include <chrono>
@@ -45,6 +46,38 @@ TEST_P(SoundOutputTest, PlaysASoundToItsEnd) {
     EXPECT_EQ(output.Card().driver, card ? "dummy" : "");
     EXPECT_EQ(output.Card().openings, card ? 1 : 0);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+/// No thread can be started while this lives: none may have a stack of that size.
+class NoThreads {
+  public:
+    NoThreads() {
+        pthread_getattr_default_np(&before_);
+        pthread_attr_t impossible = before_;
+        pthread_attr_setstacksize(&impossible, std::size_t{1} << 60);
+        pthread_setattr_default_np(&impossible);
+    }
+    NoThreads(const NoThreads&) = delete;
+    NoThreads& operator=(const NoThreads&) = delete;
+    ~NoThreads() { pthread_setattr_default_np(&before_); }
+
+  private:
+    pthread_attr_t before_{};
+};
+
+TEST_P(SoundOutputTest, WithoutThreadsSoundsTakeTheirTimeUnheard) {
+    const TemporaryFolder folder;
+    folder.Write("quarter.wav", WaveBytes(8000, 1, Tone(500, 8000, 2000)));
+    const NoThreads none;
+    SoundOutput output(folder.Path());
+    output.AwaitOpening();
+    EXPECT_FALSE(output.Audible());
+    const auto device = output.Sound().CreateDevice();
+    const auto sound = device->CreateBufferFromFile("quarter", {});
+    const auto began = Clock::now();
+    sound->Play(PlayMode::once);
+    EXPECT_TRUE(Eventually([&] { return output.TurnClock() < 1 && sound->GetStatus() == 0; }));
+    EXPECT_GT(Clock::now() - began, 200ms);
 }
 
 INSTANTIATE_TEST_SUITE_P(Drivers, SoundOutputTest, testing::Values("dummy", "no such driver"));

@@ -1,6 +1,8 @@
 // The clock's thread: watches over the card, and pulls in its place.
 #include "audio/output/clock_output.h"
 
+#include <limits>
+
 #include "services/thread.h"
 
 namespace tamlo {
@@ -42,6 +44,12 @@ ClockOutput::~ClockOutput() {
     }
     wake_.notify_all();
     if (thread_.joinable()) thread_.join();
+}
+
+double ClockOutput::TurnWithoutThread() {
+    if (thread_.joinable()) return std::numeric_limits<double>::infinity();
+    const auto now = std::chrono::steady_clock::now();
+    return std::chrono::duration<double>(pulls_.Turn(now) - now).count();
 }
 
 void ClockOutput::Run() {

@@ -29,13 +29,17 @@ class ClockPulls {
     std::optional<Time> next_block_;  ///< while in charge
 };
 
-/// The thread that takes the turns.
+/// The thread that takes the turns; without one, the game's thread takes them.
 class ClockOutput {
   public:
     explicit ClockOutput(std::shared_ptr<Tap> tap);
     ~ClockOutput();
     ClockOutput(const ClockOutput&) = delete;
     ClockOutput& operator=(const ClockOutput&) = delete;
+
+    /// For the game's thread, in each of its own turns: takes the clock's if the system had no
+    /// thread for it. Seconds until the next one is due; infinite if the clock has its thread.
+    double TurnWithoutThread();
 
   private:
     void Run();

@@ -70,7 +70,7 @@ struct Captioned {
 };
 
 /// Runs the session on these services; returns how it ended.
-EndOfProcess RunSession(const Platform& platform, const Session& session);
+EndOfProcess RunSession(SoundOutput& sound, const Platform& platform, const Session& session);
 
 SessionEnd PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Session& session);
 /// On standard input, which must be a terminal.

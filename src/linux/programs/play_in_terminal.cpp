@@ -59,6 +59,7 @@ SessionEnd PlayInTerminal(SoundOutput& sound, const Session& session) {
                                    return edited;
                                }});
     const EndOfProcess end = RunSession(
+        sound,
         {heard.speech, heard.sounds, events, system.files, system.clock, desktop, system.random},
         session);
     return {end, desktop.RestartWanted()};

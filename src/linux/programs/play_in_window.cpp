@@ -36,6 +36,7 @@ SessionEnd PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Session
                            .beep = [&] { heard.Beep(); },
                            .edit = EditOnDesktop});
     const EndOfProcess end = RunSession(
+        sound,
         {heard.speech, heard.sounds, window, system.files, system.clock, desktop, system.random},
         session);
     return {end, desktop.RestartWanted()};

@@ -35,6 +35,9 @@ class SoundOutput {
     /// A short alert tone, without waiting for its end.
     void Beep() { sound_.Beep(); }
 
+    /// See ClockOutput::TurnWithoutThread.
+    double TurnClock() { return clock_.TurnWithoutThread(); }
+
     CardReport Card() const { return card_.Report(); }
     /// Whether a sound card takes the stream, or only a clock.
     bool Audible() const { return tap_->InCharge() == Output::card; }
