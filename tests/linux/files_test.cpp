@@ -61,7 +61,6 @@ TEST_F(FilesTest, LooksNamesUpAsTheyStandElseWithoutCase) {
         EXPECT_EQ(files_.FindFile(base + c.wanted), c.file ? base + c.file : "");
         EXPECT_EQ(files_.FindFolder(base + c.wanted), c.found_folder ? base + c.found_folder : "");
     }
-    EXPECT_EQ(files_.FindFile(folder_.Path() + "\\tamlo.cfg"), base + "TAMLO.cfg");
     EXPECT_EQ(files_.Read(base + "tamlo.cfg").bytes, "upper");
     EXPECT_EQ(files_.Length(base + "tamlo.cfg"), 5U);
     EXPECT_EQ(files_.Length(base + "tolvane"), std::nullopt);
@@ -79,6 +78,25 @@ TEST_F(FilesTest, ListsMatchingFilesInOrder) {
     EXPECT_THAT(files_.List(folder_.Path(), "*streets*C*b*k"),
                 ElementsAre("tamlostreetsC.txt.bak"));
     EXPECT_THAT(files_.List(folder_ / "nowhere", "*"), IsEmpty());
+}
+
+TEST_F(FilesTest, AListedNameIsThatFileAndNoOther) {
+    for (const char* name :
+         {"a\\..\\..\\victim", "\\..\\victim", "\\", "a\n", "a ", "..a", "-a", "*"}) {
+        SCOPED_TRACE(name);
+        TemporaryFolder above;
+        above.Write("victim", "kept");
+        above.Write(std::string("folder/") + name, "listed");
+        const auto listed = files_.List(above / "folder", "*");
+        ASSERT_THAT(listed, ElementsAre(name));
+        const std::string path = (above / "folder/") + listed.front();
+        EXPECT_EQ(files_.Read(path).bytes, "listed");
+        EXPECT_TRUE(files_.Replace(path, "new\n") && files_.Append(path, "er"));
+        EXPECT_EQ(above.Content(std::string("folder/") + name), "new\ner");
+        EXPECT_TRUE(files_.Rename(path, path + "2") && files_.Delete(path + "2"));
+        EXPECT_THAT(files_.List(above / "folder", "*"), IsEmpty());
+        EXPECT_EQ(above.Content("victim"), "kept");
+    }
 }
 
 TEST_F(FilesTest, ReadsRegularFilesOnly) {
@@ -217,7 +235,7 @@ TEST_F(FilesTest, DeletesFilesAndMakesFolders) {
     folder_.Write("Tamlo.sav", "x");
     EXPECT_TRUE(files_.Delete(folder_ / "TAMLO.sav"));
     EXPECT_FALSE(files_.Delete(folder_ / "TAMLO.sav"));
-    EXPECT_TRUE(files_.MakeFolder(folder_.Path() + "\\tolvane"));
+    EXPECT_TRUE(files_.MakeFolder(folder_ / "tolvane/"));
     EXPECT_FALSE(files_.MakeFolder(folder_ / "TOLVANE"));
     EXPECT_FALSE(files_.MakeFolder(folder_ / "no/parent"));
     EXPECT_FALSE(files_.Delete(folder_ / "tolvane"));

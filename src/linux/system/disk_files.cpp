@@ -22,10 +22,9 @@ constexpr std::size_t longest_file = 64 * 1024 * 1024;
 
 enum class Kind { file, folder, any };
 
-/// With '/' between names and none at the end; empty for a path that no file can have.
+/// With no '/' at the end; empty for a path that no file can have.
 std::string Normalised(std::string path) {
     if (path.find('\0') != std::string::npos) return "";
-    std::replace(path.begin(), path.end(), '\\', '/');
     while (path.size() > 1 && path.back() == '/') path.pop_back();
     return path;
 }
