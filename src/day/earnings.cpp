@@ -115,7 +115,7 @@ void Form1::endgame() {
            Plain(gs.nsd) + " seconds. And you " + TamlosDelivered(gs.npd));
     checkrecord();
     say(" Thank you for playing Tamlo Delivery ");
-    removesaga();
+    endsaga();
     runEnd();
 }
 

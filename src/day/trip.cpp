@@ -108,7 +108,7 @@ void AskExit(Form1& form) {
     const int answer = form.askYesNo(
         {.question = " Do you wish to exit the game? ", .lead = YesNoPrompt::Lead::pause_clear});
     if (answer != 1) return;
-    form.removesaga();
+    form.endsaga();
     form.runEnd();
 }
 

@@ -203,6 +203,9 @@ class Form1 final : private KeyListener {
     void desag();
     /// Deletes the saved game, if there is one; says so and returns false if that fails.
     bool removesaga();
+    /// Removes the saved game of a career that is over. One that could not be read at the start is
+    /// another career's, and stays.
+    void endsaga();
 
   private:
     void Form_KeyDown(int code, int modifiers) override;

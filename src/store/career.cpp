@@ -172,6 +172,10 @@ void Form1::desag() {
     throw EndOfProcess{};
 }
 
+void Form1::endsaga() {
+    if (gs.badsave == 0) removesaga();
+}
+
 bool Form1::removesaga() {
     const std::string saved = path(saved_game_name);
     if (platform.files.FindFile(saved).empty() || platform.files.Delete(saved)) return true;

@@ -182,17 +182,30 @@ TEST(UnreadableFiles, AreLeftAsTheyAreAndTold) {
     const std::string others =
         " I 'm sorry, but some files of the game can not be read. Your settings or the names of "
         "the streets may not be your own. ";
-    for (const auto& [name, told] :
-         {std::pair{career, career_lost}, {settings, others}, {streets, others}}) {
+    const std::string leave = "press enter enter 3 5 escape up enter";
+    const std::string win =
+        "press enter enter 3 5\nset p2d 0\nset ordx(1) -1\nset roy 24\nset roz 1\nset cash 2001\n"
+        "press enter enter\npress a enter enter";
+    const struct {
+        const char* name;
+        std::string told;
+        std::string script;
+    } cases[] = {{career, career_lost, ""},
+                 {career, career_lost, leave},
+                 {career, career_lost, win},
+                 {settings, others, ""},
+                 {streets, others, ""}};
+    for (const auto& [name, told, script] : cases) {
         RehearsedGame game;
         game.Run(day);
         const std::string before = game.Content(name);
         ASSERT_FALSE(before.empty());
         FaultyFiles files(std::string("tolvane/") + name, FaultKind::unreadable, 0, "");
         game.files = &files;
-        const auto run = game.Run("");
+        const auto run = game.Run(script);
         EXPECT_TRUE(run.Heard(told)) << name;
-        EXPECT_EQ(game.Content(name), before) << name;
+        EXPECT_EQ(run.Events().back(), script.empty() ? "rest" : "end") << name;
+        EXPECT_EQ(game.Content(name), before) << name << script;
         EXPECT_FALSE(game.Has("tamlo damaged 1.sav"));
     }
 }
