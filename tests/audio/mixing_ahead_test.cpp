@@ -59,7 +59,7 @@ TEST_F(MixerTest, WhatIsMadeAheadAndTakenBackIsWhatWouldHaveBeenMadeAtOnce) {
         }
     };
     Mixer ahead;
-    MixedSoundSystem other_system(ahead, folder_.Path());
+    MixedSoundSystem other_system(ahead, WavesOfFolder(folder_.Path()));
     const auto other_device = other_system.CreateDevice();
     Acts sounds;
     Acts others;

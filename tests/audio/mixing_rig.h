@@ -58,7 +58,7 @@ class MixerTest : public testing::Test {
 
     TemporaryFolder folder_;
     Mixer mixer_;
-    MixedSoundSystem system_{mixer_, folder_.Path()};
+    MixedSoundSystem system_{mixer_, WavesOfFolder(folder_.Path())};
     std::unique_ptr<SoundDevice> device_ = system_.CreateDevice();
     int sounds_ = 0;
 };

@@ -137,9 +137,15 @@ class MixedDevice final : public SoundDevice {
 
 }  // namespace
 
+WaveReader WavesOfFolder(std::string folder) {
+    return [folder = std::move(folder)](const std::string& name) {
+        return ReadWhole(folder + "/" + name + ".wav");
+    };
+}
+
 std::shared_ptr<const WaveData> WaveLibrary::Find(std::string_view name) {
     if (const auto known = waves_.find(name); known != waves_.end()) return known->second;
-    const std::optional<std::string> bytes = ReadWhole(folder_ + "/" + std::string(name) + ".wav");
+    const std::optional<std::string> bytes = read_(std::string(name));
     std::optional<WaveData> wave = bytes ? ReadWave(*bytes) : std::nullopt;
     if (!wave || wave->samples.empty()) return nullptr;
     auto shared = std::make_shared<const WaveData>(std::move(*wave));
@@ -147,8 +153,8 @@ std::shared_ptr<const WaveData> WaveLibrary::Find(std::string_view name) {
     return shared;
 }
 
-MixedSoundSystem::MixedSoundSystem(Mixer& mixer, std::string folder)
-    : mixer_(mixer), library_(std::make_shared<WaveLibrary>(std::move(folder))) {}
+MixedSoundSystem::MixedSoundSystem(Mixer& mixer, WaveReader read)
+    : mixer_(mixer), library_(std::make_shared<WaveLibrary>(std::move(read))) {}
 
 MixedSoundSystem::~MixedSoundSystem() = default;
 

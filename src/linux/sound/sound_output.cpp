@@ -12,7 +12,7 @@ constexpr int quiet_frames = stream_rate / 2;
 SoundOutput::SoundOutput(std::string sounds_folder)
     : changes_(std::make_shared<EventBell>()),
       mixer_(BestInstructions(), changes_),
-      sound_(mixer_, std::move(sounds_folder)),
+      sound_(mixer_, WavesOfFolder(std::move(sounds_folder))),
       tap_(std::make_shared<Tap>(mixer_)),
       // The card may outlive this object, so it asks the tap.
       card_(tap_, changes_, [tap = tap_] { return tap->FramesOfQuiet() > quiet_frames; }),
