@@ -3,6 +3,7 @@
 
 #include "fuzzing.h"
 #include "text/text_encoding.h"
+#include "text/utf8.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     using namespace tamlo;

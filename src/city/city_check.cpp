@@ -4,7 +4,7 @@
 #include <map>
 
 #include "city/streets_file.h"
-#include "text/text_encoding.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 namespace {

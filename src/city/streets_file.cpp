@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/text_encoding.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 namespace {

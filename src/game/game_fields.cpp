@@ -1,13 +1,14 @@
 #include "game/game_fields.h"
 
 #include <charconv>
-#include <cmath>
 #include <functional>
 #include <map>
+#include <optional>
 #include <variant>
 
 #include "game/game_state.h"
 #include "text/number_text.h"
+#include "text/printable.h"
 
 namespace tamlo {
 namespace {
@@ -55,8 +56,7 @@ const std::map<std::string, FieldEntry, std::less<>>& Fields() {
     return fields;
 }
 
-template <typename T>
-bool ParseWhole(std::string_view text, T& value) {
+bool ReadWhole(std::string_view text, int& value) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     return error == std::errc() && end == text.data() + text.size();
 }
@@ -81,7 +81,7 @@ Found Find(std::string_view field) {
     if (entry.size == 0) return {nullptr, 0, name + " is not a table"};
     int index = 0;
     if (field.back() != ')' ||
-        !ParseWhole(field.substr(bracket + 1, field.size() - bracket - 2), index) || index < 1 ||
+        !ReadWhole(field.substr(bracket + 1, field.size() - bracket - 2), index) || index < 1 ||
         index > entry.size) {
         return {nullptr, 0, name + " has the entries 1 to " + std::to_string(entry.size)};
     }
@@ -90,30 +90,17 @@ Found Find(std::string_view field) {
 
 struct Setter {
     std::string_view value;
-    bool operator()(int* field) const { return ParseWhole(value, *field); }
+    bool operator()(int* field) const { return ReadWhole(value, *field); }
     bool operator()(double* field) const {
-        return ParseWhole(value, *field) && std::isfinite(*field);
+        const std::optional<double> number = ReadNumber(value);
+        if (number) *field = *number;
+        return number.has_value();
     }
     bool operator()(std::string* field) const {
         *field = value;
         return true;
     }
 };
-
-std::string Quoted(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char c : text) {
-        if (c == '\r') {
-            quoted += "\\r";
-        } else if (c == '\n') {
-            quoted += "\\n";
-        } else {
-            if (c == '"' || c == '\\') quoted += '\\';
-            quoted += c;
-        }
-    }
-    return quoted + '"';
-}
 
 struct Shower {
     std::string operator()(const int* field) const { return std::to_string(*field); }

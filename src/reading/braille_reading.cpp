@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "text/printable.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 
 std::vector<std::string_view> BrokenIntoRows(std::string_view text, std::size_t columns) {
     std::vector<std::string_view> rows;
-    while (CharacterCount(text) > columns) {
+    while (CountCharacters(text) > columns) {
         // A blank just behind the row ends it as well as one inside.
         const std::size_t blank = FirstCharacters(text, columns + 1).rfind(' ');
         const bool between_words = blank != std::string_view::npos && blank > 0;
@@ -70,7 +70,7 @@ std::string BrailleReading::Page() const {
     for (std::size_t row = page_ * rows_; row < (page_ + 1) * rows_; ++row) {
         const std::string_view text = row < rows.size() ? rows[row] : std::string_view();
         page += text;
-        page.append(columns_ - CharacterCount(text), ' ');
+        page.append(columns_ - CountCharacters(text), ' ');
     }
     return page;
 }

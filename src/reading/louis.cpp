@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "reading/translator.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 namespace {
@@ -19,33 +20,12 @@ constexpr const char* TableOf(Grade grade) {
 
 void SayNothing(logLevels /*level*/, const char* /*message*/) {}
 
-/// Length of the well-formed UTF-8 character at the front, 0 if it is none.
-std::size_t LengthOf(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = lead < 0x80   ? 1
-                               : lead < 0xC2 ? 0
-                               : lead < 0xE0 ? 2
-                               : lead < 0xF0 ? 3
-                               : lead < 0xF5 ? 4
-                                             : 0;
-    if (length > text.size()) return 0;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 0;
-    }
-    return length;
-}
-
 std::vector<widechar> Wide(std::string_view text) {
     std::vector<widechar> wide;
     while (!text.empty()) {
-        const std::size_t length = LengthOf(text);
-        auto code = static_cast<unsigned char>(text.front());
-        widechar character = length == 1 ? code : static_cast<widechar>(code & (0x7F >> length));
-        for (std::size_t i = 1; i < length; ++i) {
-            character = (character << 6) | (static_cast<unsigned char>(text[i]) & 0x3F);
-        }
-        wide.push_back(length == 0 || character < ' ' ? ' ' : character);
-        text.remove_prefix(length == 0 ? 1 : length);
+        const Utf8Character character = DecodeCharacter(text);
+        wide.push_back(character.length == 0 || character.code < ' ' ? ' ' : character.code);
+        text.remove_prefix(FirstCharacter(text));
     }
     return wide;
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "rehearsal/words.h"
+#include "text/printable.h"
 
 namespace tamlo {
 

@@ -9,10 +9,10 @@
 #include "rehearsal/rehearsed_sound.h"
 #include "rehearsal/rehearsed_speech.h"
 #include "rehearsal/stage.h"
-#include "rehearsal/words.h"
 #include "services/clock.h"
 #include "services/desktop.h"
 #include "services/random.h"
+#include "text/printable.h"
 
 namespace tamlo {
 

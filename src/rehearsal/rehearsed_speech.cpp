@@ -1,21 +1,15 @@
 #include "rehearsal/rehearsed_speech.h"
 
-#include <algorithm>
 #include <string>
 
-#include "rehearsal/words.h"
+#include "text/printable.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 
 namespace {
 
 constexpr Ticks ticks_per_character = 5;
-
-/// Unicode characters: bytes of UTF-8 that don't continue one.
-Ticks CountCharacters(std::string_view text) {
-    return std::count_if(text.begin(), text.end(),
-                         [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
-}
 
 }  // namespace
 
@@ -37,7 +31,9 @@ class RehearsedEngine final : public SpeechEngine {
             return;
         }
         const bool wait = flags == SpeakFlags::wait;
-        const Ticks length = speech_.voices_ > 0 ? CountCharacters(text) * ticks_per_character : 0;
+        const Ticks length = speech_.voices_ > 0
+                                 ? static_cast<Ticks>(CountCharacters(text)) * ticks_per_character
+                                 : 0;
         TheStage().Write(wait ? "say" : "say2", Quoted(text));
         TheStage().Speak(text, length, wait);
     }

@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "rehearsal/words.h"
+#include "text/number_text.h"
+#include "text/printable.h"
 
 namespace tamlo {
 
@@ -58,11 +60,8 @@ std::optional<int> WholeNumber(std::string_view text) {
 }
 
 std::optional<double> Probability(std::string_view text) {
-    double number = -1;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return {};
-    if (!(number >= 0 && number < 1)) return {};
-    return number;
+    const std::optional<double> number = ReadNumber(text);
+    return number && *number >= 0 && *number < 1 ? number : std::nullopt;
 }
 
 /// The numbers of a text of digits in the places of the picture's letters and its other

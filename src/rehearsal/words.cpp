@@ -57,18 +57,4 @@ WordsOrError SplitWords(std::string_view line) {
     return result;
 }
 
-std::string Quoted(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char c : text) {
-        switch (c) {
-            case '"': quoted += "\\\""; break;
-            case '\\': quoted += "\\\\"; break;
-            case '\r': quoted += "\\r"; break;
-            case '\n': quoted += "\\n"; break;
-            default: quoted += c;
-        }
-    }
-    return quoted + '"';
-}
-
 }  // namespace tamlo

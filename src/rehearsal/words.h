@@ -16,7 +16,4 @@ struct WordsOrError {
 /// for the characters themselves.
 WordsOrError SplitWords(std::string_view line);
 
-/// The text in double quotes, with `\"`, `\\`, `\r` and `\n` escaped, as traces show it.
-std::string Quoted(std::string_view text);
-
 }  // namespace tamlo

@@ -3,6 +3,7 @@
 #include "services/key_codes.h"
 #include "services/speech.h"
 #include "text/text_encoding.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 namespace {

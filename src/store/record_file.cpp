@@ -5,6 +5,7 @@
 
 #include "store/tagged_values.h"
 #include "text/text_encoding.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 namespace {

@@ -1,11 +1,79 @@
 #include "text/number_text.h"
 
-#include <charconv>
+#include <algorithm>
 #include <cmath>
-#include <string_view>
+#include <iomanip>
+#include <limits>
+#include <locale>
+#include <sstream>
 
 namespace tamlo {
 namespace {
+
+// Streams of the classic locale instead of std::to_chars and std::from_chars, which not every
+// standard library has for double.
+
+/// The number as "d.ddde-xx", rounded to so many digits.
+std::string Scientific(double number, int digits) {
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    out << std::scientific << std::setprecision(digits - 1) << number;
+    return out.str();
+}
+
+/// Reads a text that has the form of a number; nothing if the number is too large.
+std::optional<double> Parse(const std::string& text) {
+    std::istringstream in(text);
+    in.imbue(std::locale::classic());
+    double number = 0;
+    in >> number;
+    // Some libraries also report a failure for tiny numbers, which are read all the same.
+    const bool too_large = in.fail() && std::abs(number) >= std::numeric_limits<double>::max();
+    if (too_large || !std::isfinite(number)) return std::nullopt;
+    return number;
+}
+
+/// The digits of "d.ddde-xx" with one added to the last; the exponent stays.
+std::string NextUp(std::string text) {
+    for (std::size_t i = text.find('e'); i-- > 0;) {
+        if (text[i] == '.') continue;
+        if (text[i] != '9') {
+            ++text[i];
+            return text;
+        }
+        text[i] = '0';
+    }
+    return "1" + text;
+}
+
+/// A positive number with as few digits as tell it from its neighbours.
+std::string ShortestScientific(double number) {
+    // Whatever has up to 15 digits is met by the first try. Tiny numbers have fewer digits.
+    for (int digits = std::isnormal(number) ? 15 : 1; digits < 17; ++digits) {
+        const std::string nearest = Scientific(number, digits);
+        if (Parse(nearest) == number) return nearest;
+        // Above a power of two the neighbour is twice as far as below it.
+        const std::string above = NextUp(nearest);
+        if (Parse(above) == number) return above;
+    }
+    return Scientific(number, 17);
+}
+
+/// "d.ddde-xx" without the exponent and without zeros at the end.
+std::string WithoutExponent(const std::string& scientific) {
+    const std::size_t e = scientific.find('e');
+    int exponent = std::stoi(scientific.substr(e + 1));
+    std::string digits = scientific.substr(0, e);
+    const std::size_t point = digits.find('.');
+    if (point != std::string::npos) {
+        digits.erase(point, 1);
+        exponent += static_cast<int>(point) - 1;
+    }
+    digits.erase(digits.find_last_not_of('0') + 1);
+    if (exponent < 0)
+        return "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+    return digits.insert(static_cast<std::size_t>(exponent) + 1, ".");
+}
 
 /// A number's decimal text in its parts, rounded.
 struct Decimal {
@@ -67,21 +135,50 @@ std::string Sign(const Decimal& number) {
 
 std::string Plain(double number) {
     if (!std::isfinite(number) || number == 0) return "0";
-    char text[400];  // the longest finite double in fixed form has 327 characters
-    const auto result = std::to_chars(text, text + sizeof text, number, std::chars_format::fixed);
-    return std::string(text, result.ptr);
+    const std::string sign = number < 0 ? "-" : "";
+    number = std::abs(number);
+    if (number != std::trunc(number)) return sign + WithoutExponent(ShortestScientific(number));
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    out << std::fixed << std::setprecision(0) << number;
+    return sign + out.str();
 }
 
 std::string Plain(int number) {
     return std::to_string(number);
 }
 
+std::optional<double> ReadNumber(std::string_view text) {
+    const auto skip_digits = [](std::string_view& rest) {
+        const std::size_t digits = std::min(rest.find_first_not_of("0123456789"), rest.size());
+        rest.remove_prefix(digits);
+        return digits;
+    };
+    std::string_view rest = text;
+    if (rest.starts_with('-')) rest.remove_prefix(1);
+    std::size_t digits = skip_digits(rest);
+    if (rest.starts_with('.')) {
+        rest.remove_prefix(1);
+        digits += skip_digits(rest);
+    }
+    if (digits == 0) return std::nullopt;
+    if (rest.starts_with('e') || rest.starts_with('E')) {
+        rest.remove_prefix(1);
+        if (rest.starts_with('-') || rest.starts_with('+')) rest.remove_prefix(1);
+        if (skip_digits(rest) == 0) return std::nullopt;
+    }
+    if (!rest.empty()) return std::nullopt;
+    const std::optional<double> number = Parse(std::string(text));
+    const std::string_view mantissa = text.substr(0, text.find_first_of("eE"));
+    const bool too_small = number == 0 && mantissa.find_first_of("123456789") != mantissa.npos;
+    return too_small ? std::nullopt : number;
+}
+
 double Rounded(double number, int decimals) {
     const Decimal rounded = Round(number, decimals);
     const std::string text =
         (rounded.negative ? "-0" : "0") + rounded.whole + "." + rounded.fraction + "0";
-    double value = 0;
-    std::from_chars(text.data(), text.data() + text.size(), value);
+    const double value = Parse(text).value_or(0);
     return value == 0 ? 0 : value;
 }
 

@@ -1,14 +1,20 @@
 // Numbers as the game's sentences write them: plain, in money, in counts.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace tamlo {
 
 /// Shortest decimal text that reads back as the same number, never with an exponent; "0" for
-/// what is not finite.
+/// what is not finite. Whole numbers are written with all their digits.
 std::string Plain(double number);
 std::string Plain(int number);
+
+/// The number that a text is in decimal, such as "-1.5" or "2e3"; nothing if it is none, or too
+/// large or too small for a double.
+std::optional<double> ReadNumber(std::string_view text);
 
 /// Rounded to so many decimals (0 to 15), halves away from zero on the number's own shortest
 /// decimal text: 0.125 to .13 and 1.005 to 1.01, as a person reading the number would.

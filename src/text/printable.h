@@ -1,20 +1,16 @@
-// Texts made harmless for whatever shows them.
+// Texts as they are shown: without control characters, or in quotes.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace tamlo {
 
-/// The text as one line that no terminal can take for a command: without blanks at its ends,
-/// control characters as blanks, ill-formed UTF-8 left out. Empty if nothing is left.
+/// The text as one line that no terminal takes for a command: without blanks at its ends, control
+/// characters as blanks, ill-formed UTF-8 left out. Empty if nothing is left.
 std::string PrintableLine(std::string_view text);
 
-/// Characters of well-formed UTF-8.
-std::size_t CharacterCount(std::string_view text);
-
-/// The first `count` characters of well-formed UTF-8, or all if there are fewer.
-std::string_view FirstCharacters(std::string_view text, std::size_t count);
+/// The text in double quotes, with `\"`, `\\`, `\r` and `\n` for these four characters.
+std::string Quoted(std::string_view text);
 
 }  // namespace tamlo

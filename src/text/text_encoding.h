@@ -1,5 +1,5 @@
-// Text in the player's files and from keys: UTF-8 inside, Windows-1252 where old files and key
-// codes ask for it.
+// Text from the player's files and from keys: UTF-8 in the program, Windows-1252 in old files and
+// key codes.
 #pragma once
 
 #include <optional>
@@ -18,14 +18,6 @@ std::optional<int> ToWindows1252(std::string_view utf8);
 /// Code of the small (capital) letter for a capital (small) letter of Windows-1252, else the code.
 int LowerCase1252(int code);
 int UpperCase1252(int code);
-
-/// Bytes of the UTF-8 character that `text` begins with, at least 1 unless it is empty.
-std::size_t FirstCharacter(std::string_view text);
-/// Bytes of the last character, likewise.
-std::size_t LastCharacter(std::string_view text);
-std::size_t CountCharacters(std::string_view text);
-
-bool IsUtf8(std::string_view bytes);
 
 /// A text file's content as UTF-8: as it is if valid (a byte-order mark skipped), else read as
 /// Windows-1252.

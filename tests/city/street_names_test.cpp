@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "city/streets_file.h"
-#include "text/text_encoding.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "performance.h"
-#include "text/text_encoding.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 

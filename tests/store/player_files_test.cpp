@@ -9,6 +9,7 @@
 #include "store/settings_file.h"
 #include "store/tagged_values.h"
 #include "text/text_encoding.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 namespace {

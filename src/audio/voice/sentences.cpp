@@ -5,6 +5,7 @@
 
 #include "audio/voice/spelled_out.h"
 #include "audio/voice/wording.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 namespace {
@@ -27,10 +28,10 @@ bool IsLetter(char c) {
 
 std::string WholeInPlainLetters(std::string_view text) {
     std::string plain;
-    char32_t code = 0;
-    while (std::size_t length = TakeCharacter(text, code)) {
-        plain += InPlainLetters(code);
-        text.remove_prefix(length);
+    for (Utf8Character next = DecodeCharacter(text); next.length > 0;
+         next = DecodeCharacter(text)) {
+        plain += InPlainLetters(next.code);
+        text.remove_prefix(next.length);
     }
     return plain;
 }

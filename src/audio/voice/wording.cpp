@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "text/utf8.h"
+
 namespace tamlo {
 namespace {
 
@@ -134,31 +136,7 @@ std::optional<Reading> ReadTime(std::string_view text, std::size_t i) {
     return Reading{std::move(words), end};
 }
 
-/// Bytes of the UTF-8 character that begins with this byte, 0 if none does.
-std::size_t LengthFromFirstByte(unsigned first) {
-    if (first < 0x80) return 1;
-    if (first < 0xC2) return 0;
-    if (first < 0xE0) return 2;
-    if (first < 0xF0) return 3;
-    return first < 0xF5 ? 4 : 0;
-}
-
 }  // namespace
-
-std::size_t TakeCharacter(std::string_view text, char32_t& code) {
-    auto byte = [&](std::size_t i) { return static_cast<unsigned char>(At(text, i)); };
-    const unsigned first = byte(0);
-    const std::size_t length = LengthFromFirstByte(first);
-    if (length == 0 || length > text.size()) return 0;
-    code = length == 1 ? first : first & (0x7Fu >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0u) != 0x80u) return 0;
-        code = (code << 6) | (byte(i) & 0x3Fu);
-    }
-    bool overlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
-    bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-    return overlong || surrogate || code > 0x10FFFF ? 0 : length;
-}
 
 std::string WithSpokenAmounts(std::string_view text) {
     std::string result;
@@ -187,25 +165,23 @@ std::string CleanedForSpeech(std::string_view text) {
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
-        char32_t code = 0;
-        std::size_t length = TakeCharacter(text, code);
-        bool control = code < 0x20 || (code >= 0x7F && code < 0xA0);
-        bool reserved = (code >= 0xE000 && code <= 0xF8FF) || code >= 0xF0000 ||
-                        (code & 0xFFFE) == 0xFFFE || code == 0xFEFF;
+        const auto [length, code] = DecodeCharacter(text);
+        const bool control = code < 0x20 || (code >= 0x7F && code < 0xA0);
+        const bool reserved = (code >= 0xE000 && code <= 0xF8FF) || code >= 0xF0000 ||
+                              (code & 0xFFFE) == 0xFFFE || code == 0xFEFF;
         if (length > 0 && control) {
             result += code == '\n' ? '\n' : ' ';
         } else if (length > 0 && !reserved) {
             result += text.substr(0, length);
         }
-        text.remove_prefix(std::max<std::size_t>(length, 1));
+        text.remove_prefix(FirstCharacter(text));
     }
     return result;
 }
 
 char32_t SingleCharacter(std::string_view text) {
-    char32_t code = 0;
-    std::size_t length = text.empty() ? 0 : TakeCharacter(text, code);
-    return length > 0 && length == text.size() ? code : 0;
+    const Utf8Character character = DecodeCharacter(text);
+    return character.length == text.size() ? character.code : 0;
 }
 
 }  // namespace tamlo

@@ -19,10 +19,6 @@ std::string WithSpokenAmounts(std::string_view text);
 /// and private characters are dropped, control characters become blanks (line feeds stay).
 std::string CleanedForSpeech(std::string_view text);
 
-/// Length of the well-formed UTF-8 character at the start of `text`, 0 if there is none; `code`
-/// is its code point.
-std::size_t TakeCharacter(std::string_view text, char32_t& code);
-
 /// The text's code point if it has exactly one, else 0. `text` must be well-formed UTF-8.
 char32_t SingleCharacter(std::string_view text);
 

@@ -12,6 +12,7 @@
 
 #include "services/end_of_process.h"
 #include "text/printable.h"
+#include "text/utf8.h"
 
 namespace tamlo {
 namespace {
@@ -31,7 +32,7 @@ Screen ScreenOf(int descriptor) {
 /// How many rows of the screen a line takes, no more than there are.
 std::size_t RowsOf(std::string_view line, const Screen& screen) {
     if (screen.columns == 0) return 1;
-    const std::size_t rows = (CharacterCount(line) + screen.columns - 1) / screen.columns;
+    const std::size_t rows = (CountCharacters(line) + screen.columns - 1) / screen.columns;
     return std::clamp<std::size_t>(rows, 1, std::max<std::size_t>(screen.rows, 1));
 }
 
