@@ -109,6 +109,33 @@ TEST_F(TerminalTest, ATurnBringsOneKeyAndDoesNotOversleep) {
     EXPECT_EQ(pressed.codes.size(), 2U);
 }
 
+// As in a window, whose queue is handed over whole.
+TEST_F(TerminalTest, OfTheKeysPressedDuringABlockingWaitTheLastRemains) {
+    const auto turns = [&](int count) {
+        Pressed pressed;
+        for (int turn = 0; turn < count; ++turn) events_->Turn(pressed, 0);
+        return pressed.codes;
+    };
+    Send("x");
+    EXPECT_THAT(Keys(1), ElementsAre(88));
+    for (const char* keys : {"ab", "\x1b[A", "C", "\x1b[Bd"}) {
+        Send(keys);
+        events_->Pump();
+    }
+    Send("e\x1b[C");  // after the last look of the wait
+    EXPECT_THAT(turns(1), ElementsAre(39)) << "in the first turn";
+    EXPECT_THAT(turns(12), ElementsAre());
+
+    // What was pressed before the wait is not lost, and keeps its distance.
+    Send("12");
+    EXPECT_THAT(turns(1), ElementsAre(49));
+    Send("34");
+    events_->Pump();
+    EXPECT_THAT(turns(12), ElementsAre(50, 52));
+    Send("56");
+    EXPECT_THAT(turns(12), ElementsAre(53, 54));
+}
+
 TEST_F(TerminalTest, SignalsEndTurnsAndBlockingWaits) {
     const struct {
         int signal;

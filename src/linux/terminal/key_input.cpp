@@ -40,7 +40,25 @@ void KeyInput::TakePressed() {
     while (::read(pressed_.Number(), &code, 1) == 1) keys_.Press(code);
 }
 
+void KeyInput::TakeNote() {
+    keys_.ComeTogether();
+    ReadAll();
+}
+
+/// Reads what there is, but not for ever.
+void KeyInput::ReadAll() {
+    constexpr int most_reads = 64;
+    for (int reads = 0; reads < most_reads; ++reads) {
+        pollfd source = {ended_ ? -1 : descriptor_, POLLIN, 0};
+        if (::poll(&source, 1, 0) <= 0) break;
+        Read();
+    }
+    TakePressed();
+    keys_.Settle(clock_.Steady());
+}
+
 void KeyInput::Await(double seconds) {
+    if (keys_.Together()) ReadAll();  // what came after the wait's last look
     constexpr double longest = 3600;
     const Time end =
         clock_.Steady() + Time(static_cast<Time::rep>(std::clamp(seconds, 0.0, longest) * 1e6));

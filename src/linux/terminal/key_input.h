@@ -19,6 +19,8 @@ class KeyInput {
     /// have passed. Bytes that have come are read even if `seconds` is 0.
     void Await(double seconds);
 
+    /// Reads what has come during a wait that is no turn: these keys come together.
+    void TakeNote();
     /// To be called once in every event turn: the key for this turn, if any.
     std::optional<int> Take() { return keys_.Take(); }
     bool Waiting() const { return keys_.Waiting(); }
@@ -31,6 +33,7 @@ class KeyInput {
     bool HungUp() const;
 
   private:
+    void ReadAll();
     bool SleepOnce(TerminalKeys::Time longest);
     void Read();
     void TakePressed();

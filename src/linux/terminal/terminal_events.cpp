@@ -36,6 +36,7 @@ void TerminalEvents::Turn(KeyListener& listener, double rest) {
 void TerminalEvents::Pump() {
     HandleSignals();
     if (keys_.HungUp()) EndHungUp();
+    keys_.TakeNote();
 }
 
 void TerminalEvents::HandleSignals() {

@@ -22,7 +22,8 @@ class TerminalEvents : public Events {
     void Turn(KeyListener& listener, double rest) override;
     /// Told before the shell has the terminal back, and when the game has it again.
     void OnStop(std::function<void(bool stopped)> tell) { tell_stop_ = std::move(tell); }
-    /// For a wait that is no event turn: everything but keys.
+    /// For a wait that is no event turn, as for a sentence to be spoken in full. Of the keys that
+    /// come meanwhile, the next turn brings the last.
     void Pump();
 
   private:

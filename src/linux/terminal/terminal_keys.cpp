@@ -133,7 +133,7 @@ void TerminalKeys::Continue(char byte) {
             pending_ += byte;
             return;
         }
-        if (gaps_ == Gaps::lost) keys_.push_back(escape_key);
+        if (gaps_ == Gaps::lost) Press(escape_key);
         pending_.clear();
         Type(byte);
         return;
@@ -146,34 +146,35 @@ void TerminalKeys::Continue(char byte) {
     }
     const bool whole = pending_.size() < longest_sequence;
     const int code = whole ? CodeOf(std::string_view(pending_).substr(1), byte) : 0;
-    if (code != 0) keys_.push_back(code);
+    if (code != 0) Press(code);
     pending_.clear();
 }
 
 /// A byte that stands for itself.
 void TerminalKeys::Type(char byte) {
     if (byte >= 'a' && byte <= 'z') {
-        keys_.push_back(byte - 'a' + 'A');
+        Press(byte - 'a' + 'A');
     } else if (byte >= 'A' && byte <= 'Z') {
-        keys_.insert(keys_.end(), {shift_key, byte});
+        Press(shift_key);
+        Press(byte);
     } else if (byte == ' ' || byte == '\t') {
-        keys_.push_back(byte);
+        Press(byte);
     } else if (byte == '\x7f' || byte == '\b') {
-        keys_.push_back(backspace_key);
+        Press(backspace_key);
     } else if (byte == '\r' || byte == '\n') {
         const bool one_line_end = byte == '\n' && last_ == '\r' && gaps_ == Gaps::lost;
-        if (!one_line_end) keys_.push_back(enter_key);
+        if (!one_line_end) Press(enter_key);
     } else {
         for (const TypedSign& sign : signs) {
-            if (byte == sign.shifted) keys_.push_back(shift_key);
-            if (byte == sign.sign || byte == sign.shifted) keys_.push_back(sign.code);
+            if (byte == sign.shifted) Press(shift_key);
+            if (byte == sign.sign || byte == sign.shifted) Press(sign.code);
         }
     }
 }
 
 void TerminalKeys::Resolve() {
     const std::string cut = std::exchange(pending_, {});
-    if (cut.size() == 1 || (cut.size() == 2 && gaps_ == Gaps::lost)) keys_.push_back(escape_key);
+    if (cut.size() == 1 || (cut.size() == 2 && gaps_ == Gaps::lost)) Press(escape_key);
     // Escape and "[" or "O", or one of these with Alt held. What was cut later was never a key.
     if (cut.size() == 2) Type(cut.back());
 }
@@ -187,7 +188,20 @@ std::optional<TerminalKeys::Time> TerminalKeys::Deadline() const {
     return pending_since_ + sequence_time;
 }
 
+void TerminalKeys::Press(int code) {
+    if (together_ && one_came_) {
+        keys_.back() = code;
+        return;
+    }
+    keys_.push_back(code);
+    if (!together_) return;
+    one_came_ = true;
+    if (keys_.size() == 1) turns_to_wait_ = 0;
+}
+
 std::optional<int> TerminalKeys::Take() {
+    together_ = false;
+    one_came_ = false;
     if (turns_to_wait_ > 0 && --turns_to_wait_ > 0) return std::nullopt;
     if (keys_.empty()) return std::nullopt;
     const int key = keys_.front();

@@ -33,8 +33,12 @@ class TerminalKeys {
 
     /// Bytes that came at `now`, a time on any steady clock.
     void Feed(std::string_view bytes, Time now);
-    /// A key that has come in another way, behind those that wait.
-    void Press(int code) { keys_.push_back(code); }
+    /// A key that has come in another way, after those that wait.
+    void Press(int code);
+    /// Until the next turn, keys come together: of those the last remains, as of several that a
+    /// window hands over in one turn, and that turn brings it unless keys waited before.
+    void ComeTogether() { together_ = true; }
+    bool Together() const { return together_; }
     /// Decides about an unfinished sequence whose time is over: most often it is a lone Escape.
     void Settle(Time now);
     /// Decides about it at once, because nothing can follow.
@@ -60,6 +64,8 @@ class TerminalKeys {
     char last_ = '\0';
     std::deque<int> keys_;
     int turns_to_wait_ = 0;
+    bool together_ = false;
+    bool one_came_ = false;  ///< of those that come together
 };
 
 }  // namespace tamlo
