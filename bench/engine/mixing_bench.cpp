@@ -27,9 +27,9 @@ std::shared_ptr<const WaveData> TwoSeconds() {
 void Mixing(benchmark::State& state, Instructions instructions) {
     Mixer mixer(instructions);
     const auto wave = TwoSeconds();
-    std::vector<Track*> tracks;
+    std::vector<TrackHandle> tracks;
     for (int i = 0; i < state.range(0); ++i) {
-        tracks.push_back(&mixer.Add(wave));
+        tracks.push_back(mixer.Add(wave));
         mixer.Seek(*tracks.back(), 600 * i);
         mixer.Play(*tracks.back(), PlayMode::looping, 1);
     }
@@ -40,7 +40,7 @@ void Mixing(benchmark::State& state, Instructions instructions) {
         for (int i = 0; i < blocks_a_second; ++i) {
             if (i % 3 == 0) {
                 ++moves;
-                for (Track* track : tracks) {
+                for (const TrackHandle& track : tracks) {
                     mixer.SetGains(*track, GainsFor(-500, moves * 50 % 3000 - 1500));
                     mixer.SetFrequency(*track, 11000 + moves * 100 % 20000);
                 }
@@ -49,7 +49,6 @@ void Mixing(benchmark::State& state, Instructions instructions) {
             benchmark::DoNotOptimize(stereo.data());
         }
     }
-    for (Track* track : tracks) mixer.Remove(*track);
 }
 
 void MixingBest(benchmark::State& state) {

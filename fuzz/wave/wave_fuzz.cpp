@@ -18,16 +18,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     if (wave->samples.empty()) return 0;
 
     static Mixer mixer;
-    Track& track = mixer.Add(std::make_shared<const WaveData>(std::move(*wave)));
+    TrackHandle track = mixer.Add(std::make_shared<const WaveData>(std::move(*wave)));
     std::array<float, 200> stereo{};
     for (const PlayMode mode : {PlayMode::once, PlayMode::looping}) {
-        mixer.Play(track, mode, mode == PlayMode::once ? 1 : 2);
+        mixer.Play(*track, mode, mode == PlayMode::once ? 1 : 2);
         mixer.Mix(stereo.data(), static_cast<int>(stereo.size() / 2));
         for (const float value : stereo) {
             if (!(value >= -1 && value <= 1)) std::abort();
         }
     }
-    mixer.Remove(track);
+    track.reset();
     mixer.Mix(stereo.data(), 1);
     return 0;
 }

@@ -24,7 +24,7 @@ class Holding {
     /// As if so many frames had been heard in all, and it were noticed a little later.
     void HearUpTo(int frames) {
         while (Ahead(frames) < 3 * longest_piece) Fill();
-        mixer_.Settle(Ahead(frames) + 40);
+        mixer_.Commit(Ahead(frames) + 40);
     }
     void Rewind(int frames) {
         const std::optional<int> again = mixer_.Rewind(Ahead(frames));
@@ -102,7 +102,7 @@ TEST_F(MixerTest, ASoundIsOverWhenItsEndIsHeardAndWhoPullsNextGoesOnFromThere) {
     std::vector<float> ahead(2 * Mixer::most_ahead);
     ASSERT_TRUE(mixer_.MixAhead(ahead.data(), Mixer::most_ahead));
     EXPECT_EQ(sound->GetStatus(), status_playing);
-    EXPECT_EQ(mixer_.Settle(Mixer::most_ahead - 1499), 1280) << "in whole blocks";
+    EXPECT_EQ(mixer_.Commit(Mixer::most_ahead - 1499), 1280) << "in whole blocks";
     EXPECT_EQ(sound->GetStatus(), status_playing);
     EXPECT_NEAR(sound->SecondsLeft(), 220.0 / stream_rate, 1e-6);
 

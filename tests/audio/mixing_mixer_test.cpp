@@ -284,7 +284,7 @@ TEST_F(MixerTest, TheCallbackNeitherAllocatesNorFrees) {
         } else {
             mixer_.Rewind(256);
             mixer_.MixAhead(block.data(), 256);
-            mixer_.Settle(512);
+            mixer_.Commit(512);
         }
         ASSERT_EQ(AllocationsOfThisThread(), before) << round;
     }
@@ -300,7 +300,7 @@ TEST_F(MixerTest, StandsAGameThreadThatIsBusyWhileItIsPulled) {
                 mixer_.Mix(block.data(), 256);
             } else {
                 mixer_.MixAhead(block.data(), 256);
-                mixer_.Settle(300);
+                mixer_.Commit(300);
                 if (round % 7 == 0) mixer_.Rewind(999);
             }
             for (const float value : block) broken += !(std::abs(value) < 1);

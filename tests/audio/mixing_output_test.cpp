@@ -51,13 +51,13 @@ TEST_F(OutputTest, OnlyWhatIsHeardOfWhatWasMadeAheadCounts) {
     std::vector<float> block(2 * 1024);
     ASSERT_TRUE(tap_->PullAhead(block.data(), 1024));
     EXPECT_EQ(block[2047], 0.25F);
-    tap_->Settle(512);
+    tap_->Commit(512);
     EXPECT_EQ(tap_->Rewind(300), 300);
     ASSERT_TRUE(tap_->PullAhead(block.data(), 512));
     EXPECT_EQ(tap_->Frames(), 512);
     tap_->PutClockInCharge();
     EXPECT_EQ(tap_->Rewind(100), 0);
-    tap_->Settle(0);
+    tap_->Commit(0);
     tap_->Pass(1000);
     EXPECT_EQ(tap_->Frames(), 1512);
     ASSERT_TRUE(tap_->PullAhead(block.data(), 256));

@@ -8,8 +8,18 @@
 
 namespace tamlo {
 
+/// A source without a state.
+class StatelessSource : public Source {
+  public:
+    void BeginBlock(bool /*heard*/) noexcept override {}
+    void SaveState(int /*slot*/) noexcept override {}
+    void RestoreState(int /*slot*/) noexcept override {}
+    void Commit(int /*slot*/, int /*frames*/) noexcept override {}
+    void RingOnChange(ChangeBell* /*bell*/) noexcept override {}
+};
+
 /// The same level for ever.
-class Constant final : public Source {
+class Constant final : public StatelessSource {
   public:
     void AddTo(float* stereo, int frames) noexcept override {
         for (int i = 0; i < 2 * frames; ++i) stereo[i] += level;

@@ -29,7 +29,7 @@ std::vector<float> Pull(SpeechStream& stream, int frames) {
 
 void Write(SpeechStream& stream, std::size_t count, float value) {
     stream.Put(std::vector<float>(count, value));
-    stream.Commit();
+    stream.Publish();
 }
 
 TEST(SpeechStream, HandsOverEverySampleOnceAndInOrder) {
@@ -40,7 +40,7 @@ TEST(SpeechStream, HandsOverEverySampleOnceAndInOrder) {
         std::vector<float> some(static_cast<std::size_t>(1 + round * 7 % 441));
         for (float& sample : some) sample = next_in++;
         stream.Put(some);
-        stream.Commit();
+        stream.Publish();
         for (float sample : Pull(stream, static_cast<int>(some.size()))) {
             ASSERT_EQ(sample, next_out++);
         }
@@ -197,7 +197,7 @@ TEST_F(SpeechAhead, ANewTextTakesThePlaceOfTheSilenceThatWasMade) {
         std::vector<float> ramp(1000);
         for (int i = 0; i < 1000; ++i) ramp[i] = static_cast<float>(written + i + 1) / 4096;
         stream_.Put(ramp);
-        stream_.Commit();
+        stream_.Publish();
         EXPECT_TRUE(Rang()) << "it was starving";
     }
     EXPECT_EQ(Ahead(4000)[0], 1.0f / 4096);
@@ -207,16 +207,16 @@ TEST_F(SpeechAhead, ANewTextTakesThePlaceOfTheSilenceThatWasMade) {
     EXPECT_EQ(again[2299], 3000.0f / 4096);
     EXPECT_EQ(again[2300], 0.0f);
     EXPECT_EQ(stream_.Left(), 3000);
-    mixer_.Settle(4096 - 2300);
+    mixer_.Commit(4096 - 2300);
     EXPECT_GT(stream_.Left(), 0);
-    mixer_.Settle(0);
+    mixer_.Commit(0);
     EXPECT_EQ(stream_.Left(), 0);
 }
 
 TEST_F(SpeechAhead, ADropSilencesWhatWasMadeAndTheVolumeChangesIt) {
     Write(stream_, 8000, 0.5f);
     Ahead(0);
-    mixer_.Settle(4096 - 300);
+    mixer_.Commit(4096 - 300);
     Rang();
     stream_.SetGain(0.5f);
     EXPECT_TRUE(Rang());
@@ -229,7 +229,7 @@ TEST_F(SpeechAhead, ADropSilencesWhatWasMadeAndTheVolumeChangesIt) {
     Write(stream_, 100, 0.125f);
     EXPECT_TRUE(Rang());
     EXPECT_GT(Ahead(4076)[0], 0.0625f) << "the rest of the tail below the new text";
-    mixer_.Settle(0);
+    mixer_.Commit(0);
     stream_.Drop();
     stream_.SetGain(1);
     EXPECT_FALSE(Rang()) << "nothing is to be heard";

@@ -83,7 +83,7 @@ TEST_P(SoundOutputTest, WithoutThreadsSoundsTakeTheirTimeUnheard) {
 INSTANTIATE_TEST_SUITE_P(Drivers, SoundOutputTest, testing::Values("dummy", "no such driver"));
 
 // Holds the audio thread up now and then, as a busy machine does; heard while `level` is not 0.
-class Stumbling final : public Source {
+class Stumbling final : public StatelessSource {
   public:
     void AddTo(float* stereo, int frames) noexcept override {
         if (++blocks_ % 40 == 0) std::this_thread::sleep_for(40ms);

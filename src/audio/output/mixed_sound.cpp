@@ -65,43 +65,40 @@ class MixedBuffer final : public SoundBuffer {
   public:
     MixedBuffer(Mixer& mixer, const std::shared_ptr<const WaveData>& wave)
         : mixer_(mixer), frames_(wave->Frames()), frequency_(wave->rate), track_(mixer.Add(wave)) {}
-    ~MixedBuffer() override { mixer_.Remove(track_); }
-    MixedBuffer(const MixedBuffer&) = delete;
-    MixedBuffer& operator=(const MixedBuffer&) = delete;
 
     void SetCurrentPosition(unsigned frame) override {
-        mixer_.Seek(track_, frame < frames_ ? frame : 0);
+        mixer_.Seek(*track_, frame < frames_ ? frame : 0);
     }
     void SetVolume(int volume) override {
         volume_ = volume;
-        mixer_.SetGains(track_, GainsFor(volume_, pan_));
+        mixer_.SetGains(*track_, GainsFor(volume_, pan_));
     }
     void SetPan(int pan) override {
         pan_ = pan;
-        mixer_.SetGains(track_, GainsFor(volume_, pan_));
+        mixer_.SetGains(*track_, GainsFor(volume_, pan_));
     }
     int GetFrequency() const override { return frequency_; }
     void SetFrequency(int frequency) override {
         frequency_ = std::clamp(frequency, 100, 200000);
-        mixer_.SetFrequency(track_, frequency_);
+        mixer_.SetFrequency(*track_, frequency_);
     }
     void Play(PlayMode mode) override {
         mode_ = mode;
         playing_ = true;
-        mixer_.Play(track_, mode, ++plays_);
+        mixer_.Play(*track_, mode, ++plays_);
     }
     void Stop() override {
         playing_ = false;
-        mixer_.Stop(track_);
+        mixer_.Stop(*track_);
     }
     int GetStatus() const override {
-        return playing_ && track_.ended.load(std::memory_order_acquire) != plays_ ? status_playing
-                                                                                  : 0;
+        return playing_ && track_->ended.load(std::memory_order_acquire) != plays_ ? status_playing
+                                                                                   : 0;
     }
     double SecondsLeft() const override {
         if (GetStatus() == 0) return 0;
         if (mode_ == PlayMode::looping) return std::numeric_limits<double>::infinity();
-        const auto left = frames_ - track_.reached.load(std::memory_order_relaxed);
+        const auto left = frames_ - track_->reached.load(std::memory_order_relaxed);
         return static_cast<double>(left) / frequency_;
     }
 
@@ -114,7 +111,7 @@ class MixedBuffer final : public SoundBuffer {
     PlayMode mode_ = PlayMode::once;
     bool playing_ = false;  ///< as far as the game asked; see `Track::ended`
     unsigned plays_ = 0;
-    Track& track_;
+    TrackHandle track_;
 };
 
 class MixedDevice final : public SoundDevice {

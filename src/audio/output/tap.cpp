@@ -42,8 +42,8 @@ bool Tap::PullAhead(float* stereo, int frames) noexcept {
     return mixed;
 }
 
-void Tap::Settle(int ahead) noexcept {
-    if (const auto turn = TurnOf(Output::card)) Count(mixer_->Settle(ahead));
+void Tap::Commit(int ahead) noexcept {
+    if (const auto turn = TurnOf(Output::card)) Count(mixer_->Commit(ahead));
 }
 
 std::optional<int> Tap::Rewind(int ahead) noexcept {

@@ -23,7 +23,7 @@ class Tap {
     /// The same for a card that asks for its blocks before they are heard: see Mixer. Not for a
     /// card that pulls as well.
     bool PullAhead(float* stereo, int frames) noexcept;
-    void Settle(int ahead) noexcept;
+    void Commit(int ahead) noexcept;
     /// None must be rendered anew if it is not the card's turn.
     std::optional<int> Rewind(int ahead) noexcept;
     /// For the clock: lets the time of so many frames pass. Nothing if it is not in charge.

@@ -32,7 +32,7 @@ void SpeechStream::Put(std::span<const float> samples) noexcept {
     for (float sample : samples) ring_[Slot(put_++)] = sample;
 }
 
-void SpeechStream::Commit() noexcept {
+void SpeechStream::Publish() noexcept {
     written_.store(put_);
     if (starving_) RingChange();
 }
@@ -70,7 +70,7 @@ int SpeechStream::Left() const noexcept {
     return written > gone ? static_cast<int>(written - gone) : 0;
 }
 
-void SpeechStream::Heed(bool heard) noexcept {
+void SpeechStream::BeginBlock(bool heard) noexcept {
     if (heard && unheard_) {
         returned_ = true;
         woken.Ring();
@@ -93,16 +93,16 @@ void SpeechStream::AddTo(float* stereo, int frames) noexcept {
     AddSamples(stereo, static_cast<int>(std::min<std::uint64_t>(left, frames)));
 }
 
-void SpeechStream::Remember(int mark) noexcept {
-    marks_[static_cast<std::size_t>(mark)] = now_;
+void SpeechStream::SaveState(int slot) noexcept {
+    saved_[static_cast<std::size_t>(slot)] = now_;
     const bool starving = now_.taken == now_.written;
     starving_ = starving;
     // More may have been written just before.
     if (starving && written_ != now_.written) RingChange();
 }
 
-void SpeechStream::Settle(int mark, int frames) noexcept {
-    const std::uint64_t taken = marks_[static_cast<std::size_t>(mark)].taken;
+void SpeechStream::Commit(int slot, int frames) noexcept {
+    const std::uint64_t taken = saved_[static_cast<std::size_t>(slot)].taken;
     const bool any = taken != taken_.exchange(taken);
     NoteHeard(frames);
     const std::uint64_t written = written_.load(std::memory_order_acquire);
@@ -114,15 +114,15 @@ void SpeechStream::Settle(int mark, int frames) noexcept {
 
 void SpeechStream::NoteHeard(int frames) noexcept {
     if (unheard_ || returned_) {
-        mark_ = heard_up_to_;
-        since_mark_ = 0;
+        next_heard_ = heard_up_to_;
+        frames_since_ = 0;
         return;
     }
-    since_mark_ += frames;
-    if (since_mark_ < doubtful) return;
-    heard_up_to_ = mark_;
-    mark_ = taken_;
-    since_mark_ = 0;
+    frames_since_ += frames;
+    if (frames_since_ < doubtful) return;
+    heard_up_to_ = next_heard_;
+    next_heard_ = taken_;
+    frames_since_ = 0;
 }
 
 void SpeechStream::KeepTail(std::uint64_t to) noexcept {

@@ -37,7 +37,7 @@ class SpeechStream : public Source {
     /// Puts mono samples, -1 to 1, behind what was written; there must be room. They are heard
     /// only after Commit.
     void Put(std::span<const float> samples) noexcept;
-    void Commit() noexcept;
+    void Publish() noexcept;
     /// Forgets what was put and not committed.
     void Retract() noexcept;
     /// Has `woken` rung once, when at most `frames` are left.
@@ -67,11 +67,11 @@ class SpeechStream : public Source {
 
     // The audio thread's side.
 
-    void Heed(bool heard) noexcept override;
+    void BeginBlock(bool heard) noexcept override;
     void AddTo(float* stereo, int frames) noexcept override;
-    void Remember(int mark) noexcept override;
-    void ReturnTo(int mark) noexcept override { now_ = marks_[static_cast<std::size_t>(mark)]; }
-    void Settle(int mark, int frames) noexcept override;
+    void SaveState(int slot) noexcept override;
+    void RestoreState(int slot) noexcept override { now_ = saved_[static_cast<std::size_t>(slot)]; }
+    void Commit(int slot, int frames) noexcept override;
     void RingOnChange(ChangeBell* bell) noexcept override { changed_ = bell; }
 
     Wakeup woken;  ///< rung for the maker
@@ -108,10 +108,10 @@ class SpeechStream : public Source {
     std::atomic<ChangeBell*> changed_{nullptr};
     // The audio thread's own:
     State now_;
-    std::array<State, most_marks> marks_{};
-    bool unheard_ = false;    ///< nobody hears what is taken
-    std::uint64_t mark_ = 0;  ///< position, the next for `heard_up_to_`
-    int since_mark_ = 0;      ///< frames
+    std::array<State, most_states> saved_{};
+    bool unheard_ = false;          ///< nobody hears what is taken
+    std::uint64_t next_heard_ = 0;  ///< position, the next for `heard_up_to_`
+    int frames_since_ = 0;          ///< frames
 };
 
 }  // namespace tamlo

@@ -36,13 +36,13 @@ class VoiceSpeech::PresentStream : public Source {
         stream_.load()->RingOnChange(bell);
     }
 
-    void Heed(bool heard) noexcept override { stream_.load()->Heed(heard); }
+    void BeginBlock(bool heard) noexcept override { stream_.load()->BeginBlock(heard); }
     void AddTo(float* stereo, int frames) noexcept override {
         stream_.load()->AddTo(stereo, frames);
     }
-    void Remember(int mark) noexcept override { stream_.load()->Remember(mark); }
-    void ReturnTo(int mark) noexcept override { stream_.load()->ReturnTo(mark); }
-    void Settle(int mark, int frames) noexcept override { stream_.load()->Settle(mark, frames); }
+    void SaveState(int slot) noexcept override { stream_.load()->SaveState(slot); }
+    void RestoreState(int slot) noexcept override { stream_.load()->RestoreState(slot); }
+    void Commit(int slot, int frames) noexcept override { stream_.load()->Commit(slot, frames); }
 
   private:
     std::atomic<SpeechStream*> stream_{nullptr};

@@ -221,7 +221,7 @@ bool VoiceWorker::PutAll(std::span<const float> samples, std::uint64_t generatio
             stream.Retract();
             return false;
         }
-        stream.Commit();
+        stream.Publish();
     }
     return true;
 }

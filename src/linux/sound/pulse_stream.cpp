@@ -250,7 +250,7 @@ int PulseStream::Line::Held() const {
 void PulseStream::Line::Fill() {
     if (pa_stream_get_state(stream_.get()) != PA_STREAM_READY) return;
     const int held = Held();
-    tap_->Settle(held - to_rewrite_);
+    tap_->Commit(held - to_rewrite_);
     if (changed_) AskWhere();
     Write((depth_ - held + to_rewrite_) / frames_);
 }
