@@ -16,7 +16,8 @@ import time
 import unittest
 
 from keyboard import Keyboard
-from machine import NO_SOUND, Display, stop
+from machine import NO_SOUND, Display
+from waiting import stop
 from programs import Command, Game, Reference, Service
 from recording import PIECE, PipeWire, PulseAudio
 

@@ -11,7 +11,8 @@ import subprocess
 import time
 import wave
 
-from machine import Program, need, stop, wait_until
+from machine import Program
+from waiting import need, stop, wait_until
 
 LOOPS = ("tamlo3", "tamlob1", "tamlob2", "tamlob3", "tamlob4")  # scooter's idle, backgrounds
 DEVICE, KEY, BLOCK = 1, 2, 3

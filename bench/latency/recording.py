@@ -6,7 +6,7 @@ import subprocess
 import threading
 import time
 
-from machine import need, stop, wait_until
+from waiting import need, stop, wait_until
 
 RATE = 48000
 PIECE = RATE // 1000

@@ -9,7 +9,9 @@ import subprocess
 import sys
 import time
 
-from machine import NO_SOUND, Case, Display, Program, SoundServer, Terminal, main, wait_until
+from machine import NO_SOUND, Case, Display, Program, Terminal, main
+from sound_servers import SoundServer
+from waiting import wait_until
 
 DEBIAN = pathlib.Path(sys.argv[1])
 GAME = "/usr/games/tamlo"

@@ -9,7 +9,8 @@ import sys
 import threading
 import time
 
-from machine import NO_SOUND, Case, Terminal, main, need, wait_until
+from machine import NO_SOUND, Case, Terminal, main
+from waiting import need, wait_until
 
 GAME = sys.argv[1]
 

@@ -9,7 +9,9 @@ import threading
 import time
 import wave
 
-from machine import Case, SoundServer, Terminal, main, need, stop, wait_until
+from machine import Case, Terminal, main
+from sound_servers import SoundServer
+from waiting import need, stop, wait_until
 
 GAME = sys.argv[1]
 RATE = SoundServer.RATE

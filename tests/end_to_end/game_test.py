@@ -6,7 +6,9 @@ import subprocess
 import sys
 import time
 
-from machine import NO_SOUND, Case, Display, Program, SoundServer, Terminal, main, wait_until
+from machine import NO_SOUND, Case, Display, Program, Terminal, main
+from sound_servers import SoundServer
+from waiting import wait_until
 
 GAME = sys.argv[1]
 SLOW = 4  # how many times slower than a quiet machine a busy one may be

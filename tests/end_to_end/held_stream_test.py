@@ -10,7 +10,9 @@ import sys
 import time
 import wave
 
-from machine import Case, Program, SoundServer, main, stop
+from machine import Case, Program, main
+from sound_servers import SoundServer
+from waiting import stop
 
 PROBE = sys.argv[1]
 RATE = 48000

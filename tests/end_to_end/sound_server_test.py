@@ -4,7 +4,9 @@ import os
 import sys
 import time
 
-from machine import Case, PipeWireServer, SoundServer, Terminal, main, wait_until
+from machine import Case, Terminal, main
+from sound_servers import PipeWireServer, SoundServer
+from waiting import wait_until
 
 GAME = sys.argv[1]
 # Seconds on a busy machine.

@@ -5,7 +5,8 @@ import signal
 import sys
 import time
 
-from machine import Case, Display, Program, main, wait_until
+from machine import Case, Display, Program, main
+from waiting import wait_until
 
 PROBE = sys.argv[1]
 AT_ONCE = 2  # seconds on a busy machine; a quiet one takes some milliseconds
