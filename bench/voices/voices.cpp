@@ -117,7 +117,7 @@ void TellFirstSounds(Synthesizer& voices, int voice, clockid_t clock) {
     std::for_each(prompts.begin(), prompts.end(), measure);
     std::for_each(std::begin(answers), std::end(answers), measure);
     std::sort(firsts.begin(), firsts.end());
-    std::printf("%2d  first sound %5.2f (max %5.2f, min %5.2f), longest step %5.2f  \"%s\"\n",
+    std::printf("%2d  first sound %5.2F (max %5.2F, min %5.2F), longest step %5.2F  \"%s\"\n",
                 voice, firsts[firsts.size() / 2], firsts.back(), firsts.front(), gap,
                 std::string(slowest).c_str());
 }
@@ -127,11 +127,11 @@ void TellPace(Synthesizer& voices, int voice) {
     for (int rate : {-10, -7, -5, -2, 0, 2, 5, 7, 10, 12, 15}) {
         const double seconds = Seconds(voices, voice, rate);
         const double first = voice == 0 ? seconds : Seconds(voices, 0, rate);
-        std::printf("  %d: %.0f (%+.0f%%)", rate, Words() * 60 / seconds,
+        std::printf("  %d: %.0F (%+.0F%%)", rate, Words() * 60 / seconds,
                     (first / seconds - 1) * 100);
     }
     const Heard heard = Hear(voices, {passages[4], 0, voice}, CLOCK_THREAD_CPUTIME_ID);
-    std::printf("  level %.0f, peak %d\n",
+    std::printf("  level %.0F, peak %d\n",
                 std::sqrt(heard.energy / static_cast<double>(heard.end - heard.onset)), heard.peak);
 }
 
@@ -149,8 +149,8 @@ void TellBreakingOff(int voice) {
     auto pull = [&] {
         speech.Stream().Take(block.data(), 16, true);
         const bool sound = std::any_of(block.begin(), block.end(),
-                                       [](float sample) { return std::abs(sample) > 0.00316f; });
-        std::fill(block.begin(), block.end(), 0.0f);
+                                       [](float sample) { return std::abs(sample) > 0.00316F; });
+        std::fill(block.begin(), block.end(), 0.0F);
         return sound;
     };
     for (int i = 0; i < 40; ++i) {
@@ -165,7 +165,7 @@ void TellBreakingOff(int voice) {
         engine->Speak("", SpeakFlags::purge);
     }
     std::sort(times.begin(), times.end());
-    std::printf("%2d  broken off and said anew: %5.2f (max %5.2f)\n", voice,
+    std::printf("%2d  broken off and said anew: %5.2F (max %5.2F)\n", voice,
                 times[times.size() / 2], times.back());
 }
 
@@ -173,14 +173,14 @@ int Run() {
     const double start = Now(CLOCK_MONOTONIC);
     const auto voices = MakeVoices();
     const int count = voices->Open();
-    std::printf("%d voices, open after %.1f ms\n", count, Now(CLOCK_MONOTONIC) - start);
+    std::printf("%d voices, open after %.1F ms\n", count, Now(CLOCK_MONOTONIC) - start);
     if (count == 0) return 1;
     for (int voice = first_flite; voice < count; ++voice) {
         const double before = Now(CLOCK_MONOTONIC);
         voices->Prepare(voice);
-        std::printf("%2d  made ready in %.1f ms\n", voice, Now(CLOCK_MONOTONIC) - before);
+        std::printf("%2d  made ready in %.1F ms\n", voice, Now(CLOCK_MONOTONIC) - before);
         const Heard heard = Hear(*voices, {"select", 0, voice}, CLOCK_MONOTONIC);
-        std::printf("%2d  the very first text: %.2f elapsed\n", voice, heard.first);
+        std::printf("%2d  the very first text: %.2F elapsed\n", voice, heard.first);
     }
     for (clockid_t clock : {CLOCK_THREAD_CPUTIME_ID, CLOCK_MONOTONIC}) {
         std::puts(clock == CLOCK_MONOTONIC ? "elapsed" : "processor time");

@@ -17,8 +17,8 @@ struct ReadResult {
 
 /// "/" stands between the names of a path, and no other character does where a name can hold it: a
 /// name from List, put behind a folder and "/", is that file and no other. Paths are absolute or
-/// relative to CurrentDirectory. In every operation the last name of a path is looked up as it stands, else
-/// without regard to (ASCII) case. No operation throws; a failure is its result.
+/// relative to CurrentDirectory. In every operation the last name of a path is looked up as it
+/// stands, else without regard to (ASCII) case. No operation throws; a failure is its result.
 class Files {
   public:
     virtual ~Files() = default;

@@ -133,7 +133,7 @@ TEST_P(Voices, VolumeScalesWhatIsHeard) {
     EXPECT_EQ(Energy(Hear("volume")), 0);
     engine_->SetVolume(1000);
     EXPECT_NEAR(Energy(Hear("volume")) / full, 1, 0.1);
-    for (float sample : listener_.heard) ASSERT_LE(std::abs(sample), 1.0f);
+    for (float sample : listener_.heard) ASSERT_LE(std::abs(sample), 1.0F);
 }
 
 TEST_P(Voices, MarkupAndBracketsAreText) {

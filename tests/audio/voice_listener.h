@@ -15,7 +15,7 @@
 namespace tamlo {
 
 inline constexpr int block = 240;  ///< frames, 5 ms
-inline constexpr float audible = 0.00316f;
+inline constexpr float audible = 0.00316F;
 
 /// What has been pulled from a voice, as the sound card would hear it.
 class Listener {

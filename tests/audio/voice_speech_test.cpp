@@ -146,13 +146,13 @@ TEST(VoiceSpeech, APurgeSilencesWithinItsTailAndTheNextTextStartsAtOnce) {
         fake.listener.heard.clear();
         if (cycle % 2 == 0) {
             fake.listener.PullNow(block);
-            for (std::size_t i = 96; i < block; ++i) ASSERT_EQ(fake.listener.heard[i], 0.0f);
+            for (std::size_t i = 96; i < block; ++i) ASSERT_EQ(fake.listener.heard[i], 0.0F);
         } else {
             fake.engine->Speak("20", SpeakFlags::queue);
             fake.listener.HearOut();
             // But for the edges, which the change of rates rounds off.
             auto& heard = fake.listener.heard;
-            auto level = [](float sample) { return std::abs(sample - 0.5f) < 0.02f; };
+            auto level = [](float sample) { return std::abs(sample - 0.5F) < 0.02F; };
             ASSERT_NEAR(static_cast<double>(std::count_if(heard.begin(), heard.end(), level)),
                         20 * 48, 100)
                 << cycle;
@@ -217,7 +217,7 @@ TEST(VoiceSpeech, ALongTextIsMadeOnlyAsItIsHeard) {
     fake.listener.HearOut();
     EXPECT_NEAR(Seconds(fake.listener.heard), 30.0, 0.01);
     auto& heard = fake.listener.heard;
-    EXPECT_EQ(std::count(heard.begin(), heard.begin() + 29 * stream_rate, 0.0f), 0);
+    EXPECT_EQ(std::count(heard.begin(), heard.begin() + 29 * stream_rate, 0.0F), 0);
 }
 
 TEST(VoiceSpeech, PullingAllocatesAndFreesNothing) {

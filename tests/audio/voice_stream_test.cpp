@@ -51,26 +51,26 @@ TEST(SpeechStream, HandsOverEverySampleOnceAndInOrder) {
 
 TEST(SpeechStream, AddsToWhatIsThereAndOnlyWhatWasCommitted) {
     SpeechStream stream;
-    stream.Put(std::vector<float>(10, 0.25f));
+    stream.Put(std::vector<float>(10, 0.25F));
     EXPECT_EQ(stream.Left(), 0);
-    EXPECT_EQ(Pull(stream, 1)[0], 0.0f);
+    EXPECT_EQ(Pull(stream, 1)[0], 0.0F);
     stream.Retract();
-    Write(stream, 2, 0.5f);
+    Write(stream, 2, 0.5F);
     EXPECT_EQ(stream.Left(), 2);
     float stereo[6] = {1, -1, 1, -1, 1, -1};
     stream.Take(stereo, 3, true);
-    EXPECT_THAT(stereo, testing::ElementsAre(1.5f, -0.5f, 1.5f, -0.5f, 1.0f, -1.0f));
+    EXPECT_THAT(stereo, testing::ElementsAre(1.5F, -0.5F, 1.5F, -0.5F, 1.0F, -1.0F));
     EXPECT_EQ(stream.Left(), 0);
 }
 
 TEST(SpeechStream, ADropFadesAndLeavesTheNextTextWhole) {
     for (int block : {1, 17, 96, 256, 4096}) {
         SpeechStream stream;
-        Write(stream, 5000, 0.5f);
+        Write(stream, 5000, 0.5F);
         Pull(stream, 1000);
         stream.Drop();
         EXPECT_EQ(stream.Left(), 0);
-        Write(stream, 3000, -0.25f);
+        Write(stream, 3000, -0.25F);
         EXPECT_EQ(stream.Left(), 3000);
 
         std::vector<float> heard;
@@ -78,15 +78,15 @@ TEST(SpeechStream, ADropFadesAndLeavesTheNextTextWhole) {
             for (float sample : Pull(stream, block)) heard.push_back(sample);
         }
         // The tail falls without a step from 0.5 on, over the first samples of the next text.
-        float before = 0.5f;
+        float before = 0.5F;
         for (std::size_t i = 0; i < SpeechStream::tail_frames; ++i) {
-            float tail = heard[i] + 0.25f;
+            float tail = heard[i] + 0.25F;
             ASSERT_LT(tail, before) << block;
-            ASSERT_GT(tail, before - 0.01f) << block;
+            ASSERT_GT(tail, before - 0.01F) << block;
             before = tail;
         }
-        for (std::size_t i = SpeechStream::tail_frames; i < 3000; ++i) ASSERT_EQ(heard[i], -0.25f);
-        ASSERT_EQ(heard[3000], 0.0f);
+        for (std::size_t i = SpeechStream::tail_frames; i < 3000; ++i) ASSERT_EQ(heard[i], -0.25F);
+        ASSERT_EQ(heard[3000], 0.0F);
         ASSERT_EQ(stream.Left(), 0);
     }
 }
@@ -95,20 +95,20 @@ TEST(SpeechStream, ManyDropsBetweenTwoBlocksLeaveTheLastText) {
     SpeechStream stream;
     for (int i = 0; i < 3; ++i) {
         ASSERT_GE(stream.Room(), SpeechStream::most_ahead);
-        Write(stream, SpeechStream::most_ahead, 0.125f);
+        Write(stream, SpeechStream::most_ahead, 0.125F);
         EXPECT_LE(stream.Room(), 0);
         stream.Drop();
     }
-    Write(stream, 100, 0.5f);
+    Write(stream, 100, 0.5F);
     auto heard = Pull(stream, 200);
-    EXPECT_EQ(heard[99], 0.5f);
-    EXPECT_EQ(heard[100], 0.0f);
+    EXPECT_EQ(heard[99], 0.5F);
+    EXPECT_EQ(heard[100], 0.0F);
     EXPECT_EQ(stream.Left(), 0);
 }
 
 TEST(SpeechStream, ASecondDropDuringATailDoesNotClick) {
     SpeechStream stream;
-    Write(stream, 1000, 0.5f);
+    Write(stream, 1000, 0.5F);
     float last = Pull(stream, 100).back();
     auto step_after = [&](int frames) {
         float largest = 0;
@@ -119,28 +119,28 @@ TEST(SpeechStream, ASecondDropDuringATailDoesNotClick) {
         return largest;
     };
     stream.Drop();
-    EXPECT_LT(step_after(20), 0.01f);
+    EXPECT_LT(step_after(20), 0.01F);
     stream.Drop();
-    EXPECT_LT(step_after(200), 0.01f);
-    EXPECT_EQ(last, 0.0f);
+    EXPECT_LT(step_after(200), 0.01F);
+    EXPECT_EQ(last, 0.0F);
 }
 
 TEST(SpeechStream, VolumeGlidesWhileSpeakingAndIsSetBetween) {
     SpeechStream stream;
-    Write(stream, 4000, 1.0f);
+    Write(stream, 4000, 1.0F);
     Pull(stream, 100);
-    stream.SetGain(0.25f);
+    stream.SetGain(0.25F);
     auto glide = Pull(stream, 1000);
-    EXPECT_GT(glide.front(), 0.99f);
-    EXPECT_EQ(glide.back(), 0.25f);
-    EXPECT_EQ(glide[480], 0.25f);  // Within 10 ms.
-    for (std::size_t i = 1; i < glide.size(); ++i) ASSERT_LT(glide[i - 1] - glide[i], 0.003f);
+    EXPECT_GT(glide.front(), 0.99F);
+    EXPECT_EQ(glide.back(), 0.25F);
+    EXPECT_EQ(glide[480], 0.25F);  // Within 10 ms.
+    for (std::size_t i = 1; i < glide.size(); ++i) ASSERT_LT(glide[i - 1] - glide[i], 0.003F);
 
     stream.Drop();
-    stream.SetGain(1.0f);
+    stream.SetGain(1.0F);
     Pull(stream, 200);
-    Write(stream, 10, 0.5f);
-    EXPECT_EQ(Pull(stream, 1)[0], 0.5f);
+    Write(stream, 10, 0.5F);
+    EXPECT_EQ(Pull(stream, 1)[0], 0.5F);
 }
 
 TEST(SpeechStream, RingsWhenItsEndIsTakenAndWhenTheMakerAsked) {
@@ -151,7 +151,7 @@ TEST(SpeechStream, RingsWhenItsEndIsTakenAndWhenTheMakerAsked) {
         bell.SleepFor(std::chrono::milliseconds(1000));
         return std::chrono::steady_clock::now() - start < std::chrono::milliseconds(900);
     };
-    Write(stream, 1000, 0.5f);
+    Write(stream, 1000, 0.5F);
     stream.RingWhenDownTo(600);
     Pull(stream, 399);
     stream.woken.SleepFor(at_once);
@@ -200,12 +200,12 @@ TEST_F(SpeechAhead, ANewTextTakesThePlaceOfTheSilenceThatWasMade) {
         stream_.Publish();
         EXPECT_TRUE(Rang()) << "it was starving";
     }
-    EXPECT_EQ(Ahead(4000)[0], 1.0f / 4096);
+    EXPECT_EQ(Ahead(4000)[0], 1.0F / 4096);
     // What was made is made once more up to the place, so that none is lost or heard twice.
     const std::vector<float> again = Ahead(4096 - 700);
-    EXPECT_EQ(again[0], 701.0f / 4096);
-    EXPECT_EQ(again[2299], 3000.0f / 4096);
-    EXPECT_EQ(again[2300], 0.0f);
+    EXPECT_EQ(again[0], 701.0F / 4096);
+    EXPECT_EQ(again[2299], 3000.0F / 4096);
+    EXPECT_EQ(again[2300], 0.0F);
     EXPECT_EQ(stream_.Left(), 3000);
     mixer_.Commit(4096 - 2300);
     EXPECT_GT(stream_.Left(), 0);
@@ -214,21 +214,21 @@ TEST_F(SpeechAhead, ANewTextTakesThePlaceOfTheSilenceThatWasMade) {
 }
 
 TEST_F(SpeechAhead, ADropSilencesWhatWasMadeAndTheVolumeChangesIt) {
-    Write(stream_, 8000, 0.5f);
+    Write(stream_, 8000, 0.5F);
     Ahead(0);
     mixer_.Commit(4096 - 300);
     Rang();
-    stream_.SetGain(0.5f);
+    stream_.SetGain(0.5F);
     EXPECT_TRUE(Rang());
-    EXPECT_EQ(Ahead(3700)[500], 0.25f);
+    EXPECT_EQ(Ahead(3700)[500], 0.25F);
     stream_.Drop();
     EXPECT_TRUE(Rang());
     const std::vector<float> dropped = Ahead(4000);
-    EXPECT_GT(dropped[0], 0.2f);
-    EXPECT_EQ(dropped[96], 0.0f);
-    Write(stream_, 100, 0.125f);
+    EXPECT_GT(dropped[0], 0.2F);
+    EXPECT_EQ(dropped[96], 0.0F);
+    Write(stream_, 100, 0.125F);
     EXPECT_TRUE(Rang());
-    EXPECT_GT(Ahead(4076)[0], 0.0625f) << "the rest of the tail below the new text";
+    EXPECT_GT(Ahead(4076)[0], 0.0625F) << "the rest of the tail below the new text";
     mixer_.Commit(0);
     stream_.Drop();
     stream_.SetGain(1);

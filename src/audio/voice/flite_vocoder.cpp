@@ -77,7 +77,7 @@ void Walker::Mix(std::size_t first, std::size_t end, double towards_second) {
         if (from[0] > 0) voiced += weight;
         for (std::size_t k = 0; k < width; ++k) frame_[k] += weight * from[k];
     }
-    frame_[0] = voiced >= 0.5f ? frame_[0] / voiced : 0;
+    frame_[0] = voiced >= 0.5F ? frame_[0] / voiced : 0;
 }
 
 int Walker::TakeSamples(const cst_wave* wave, int start, int size, int,

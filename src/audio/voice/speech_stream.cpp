@@ -6,7 +6,7 @@ namespace tamlo {
 namespace {
 
 /// A change of volume from one end of the range to the other takes 10 ms.
-constexpr float gain_step = 100.0f / static_cast<float>(stream_rate);
+constexpr float gain_step = 100.0F / static_cast<float>(stream_rate);
 
 /// What a card took just before it went may never have been heard: servers hold some of it, and the
 /// going is noticed late.
@@ -131,7 +131,7 @@ void SpeechStream::KeepTail(std::uint64_t to) noexcept {
     std::copy(now_.tail.end() - now_.tail_left, now_.tail.end(), tail.begin());
     const auto count = static_cast<int>(std::min<std::uint64_t>(to - now_.taken, tail_frames));
     for (int i = 0; i < count; ++i) {
-        float fade = 1.0f - static_cast<float>(i + 1) / static_cast<float>(tail_frames + 1);
+        float fade = 1.0F - static_cast<float>(i + 1) / static_cast<float>(tail_frames + 1);
         tail[static_cast<std::size_t>(i)] +=
             ring_[Slot(now_.taken + static_cast<std::uint64_t>(i))] * now_.gain * fade;
     }

@@ -82,8 +82,8 @@ class SpeechStream : public Source {
     struct State {
         std::uint64_t taken = 0;
         std::uint64_t written = 0;  ///< as far as has been heeded
-        float gain = 1.0f;
-        float gain_target = 1.0f;
+        float gain = 1.0F;
+        float gain_target = 1.0F;
         bool returned = false;
         std::array<float, tail_frames> tail{};
         int tail_left = 0;  ///< the samples still to be heard are the last of `tail`
@@ -102,7 +102,7 @@ class SpeechStream : public Source {
     std::atomic<std::uint64_t> taken_{0};  ///< for good
     std::atomic<bool> starving_{true};     ///< silence was added behind all that was heeded
     std::atomic<int> ring_at_{-1};  ///< samples left at which the maker wants to be woken, or -1
-    std::atomic<float> gain_target_{1.0f};
+    std::atomic<float> gain_target_{1.0F};
     std::atomic<std::uint64_t> heard_up_to_{0};
     std::atomic<bool> returned_{false};
     std::atomic<ChangeBell*> changed_{nullptr};

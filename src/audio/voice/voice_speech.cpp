@@ -144,7 +144,7 @@ class VoiceSpeech::Engine : public SpeechEngine {
 
   private:
     void Purge() { shared_.Worker().Drop(); }
-    void ApplyVolume() { shared_.Worker().stream.SetGain(static_cast<float>(volume_) / 100.0f); }
+    void ApplyVolume() { shared_.Worker().stream.SetGain(static_cast<float>(volume_) / 100.0F); }
     void Wait();
 
     Shared& shared_;

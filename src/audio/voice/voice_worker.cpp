@@ -18,7 +18,7 @@ constexpr auto longest_stop = 1s;
 /// time.
 constexpr std::size_t most_unheard = 8;
 /// -50 dB of full scale: what is softer at the start of a text only delays it.
-constexpr float audible = 0.00316f;
+constexpr float audible = 0.00316F;
 /// Between texts queued one behind the other, which would run together; none behind the last.
 constexpr std::array<float, stream_rate * 130 / 1000> pause{};
 

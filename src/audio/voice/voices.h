@@ -41,9 +41,9 @@ struct FliteVoice {
 };
 
 inline constexpr std::array flite_voices{
-    FliteVoice{"cmu_us_slt", "American woman with a natural voice", 1.05f, 0.60f},
-    FliteVoice{"cmu_us_rms", "American man with a natural voice", 1.19f, 1.05f},
-    FliteVoice{"cmu_us_awb", "Scottish man with a natural voice", 1.02f, 0.90f},
+    FliteVoice{"cmu_us_slt", "American woman with a natural voice", 1.05F, 0.60F},
+    FliteVoice{"cmu_us_rms", "American man with a natural voice", 1.19F, 1.05F},
+    FliteVoice{"cmu_us_awb", "Scottish man with a natural voice", 1.02F, 0.90F},
 };
 
 }  // namespace tamlo

@@ -2,7 +2,7 @@
 // and the block too late.
 #include "linux/sound/realtime.h"
 
-#include <SDL.h>
+#include <SDL2/SDL.h>
 #include <sched.h>
 
 #include <thread>

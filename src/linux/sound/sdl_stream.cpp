@@ -1,7 +1,7 @@
 // SDL's audio device.
 #include "linux/sound/sdl_stream.h"
 
-#include <SDL.h>
+#include <SDL2/SDL.h>
 
 #include <algorithm>
 

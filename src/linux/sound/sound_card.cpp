@@ -2,7 +2,7 @@
 // closes the device: a sound server that hangs can hold up nothing but the keeper.
 #include "linux/sound/sound_card.h"
 
-#include <SDL.h>
+#include <SDL2/SDL.h>
 
 #include <algorithm>
 #include <atomic>
