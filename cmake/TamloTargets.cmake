@@ -23,8 +23,11 @@ set(TAMLO_CONTACT_WEB "www.tamlo.example" CACHE STRING "Web address in the instr
 set(TAMLO_CONTACT_PHONE "no telephone" CACHE STRING "Telephone number in the instructions")
 set(TAMLO_CONTACT_TOWN "Tamlo Town" CACHE STRING "Town, region and country in the instructions")
 
+option(TAMLO_WERROR "Treat warnings as errors, as ./test does" OFF)
+
 add_library(tamlo_options INTERFACE)
-target_compile_options(tamlo_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+target_compile_options(tamlo_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    $<$<BOOL:${TAMLO_WERROR}>:-Werror>)
 if(TAMLO_SANITIZE)
     target_compile_options(tamlo_options INTERFACE -fsanitize=${TAMLO_SANITIZE} -fno-omit-frame-pointer
         -fno-sanitize-recover=all)
@@ -35,13 +38,15 @@ if(TAMLO_COVERAGE)
     target_link_options(tamlo_options INTERFACE -fprofile-instr-generate)
 endif()
 
-# tamlo_library(NAME SOURCES file... [LIBS target...]): a library seen from src/, static unless
-# BUILD_SHARED_LIBS says otherwise.
+# tamlo_library(NAME SOURCES file... [LIBS target...] [OPENS library...]): a library seen from src/,
+# static unless BUILD_SHARED_LIBS says otherwise. OPENS names the foreign libraries that it opens at run
+# time: scripts/check-rules lets it include their headers.
 function(tamlo_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;OPENS" ${ARGN})
     add_library(${name} ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(${name} PUBLIC ${ARG_LIBS} PRIVATE tamlo_options)
+    set_target_properties(${name} PROPERTIES TAMLO_OPENS "${ARG_OPENS}")
 endfunction()
 
 # tamlo_tests_are(KIND): whether this configuration has the tests of a kind, plain or sanitized; sets
