@@ -37,6 +37,7 @@ class ListeningSpeech final : public Speech {
         RunningState Status() const override { return engine_->Status(); }
         double SecondsLeft() const override { return engine_->SecondsLeft(); }
         void SetRate(int rate) override { engine_->SetRate(rate); }
+        void SetEchoRate(int rate) override { engine_->SetEchoRate(rate); }
         void SetVolume(int volume) override { engine_->SetVolume(volume); }
         int GetVoicesCount() const override { return engine_->GetVoicesCount(); }
         void SetVoice(int index) override { engine_->SetVoice(index); }

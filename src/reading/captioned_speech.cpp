@@ -29,6 +29,7 @@ class CaptionedEngine final : public SpeechEngine {
     RunningState Status() const override { return voice_->Status(); }
     double SecondsLeft() const override { return voice_->SecondsLeft(); }
     void SetRate(int rate) override { voice_->SetRate(rate); }
+    void SetEchoRate(int rate) override { voice_->SetEchoRate(rate); }
     void SetVolume(int volume) override { voice_->SetVolume(volume); }
     int GetVoicesCount() const override { return voice_->GetVoicesCount(); }
     void SetVoice(int index) override { voice_->SetVoice(index); }

@@ -49,6 +49,7 @@ class RehearsedEngine final : public SpeechEngine {
     }
 
     void SetRate(int rate) override { Set("rate", rate); }
+    void SetEchoRate(int rate) override { Set("rate", rate + echo_quicker); }
     void SetVolume(int volume) override { Set("volume", volume); }
 
     int GetVoicesCount() const override {

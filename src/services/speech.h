@@ -19,6 +19,9 @@ enum class RunningState {
     speaking = 2,  ///< until the last sample of the last queued text has been taken by the device
 };
 
+/// How much quicker than speech the echo of typed keys is, in units of rate.
+inline constexpr int echo_quicker = 5;
+
 /// One speech engine object. The game owns one at a time and replaces it to choose a voice.
 /// Nothing here reports an error: a text that cannot be spoken counts as spoken.
 class SpeechEngine {
@@ -34,8 +37,10 @@ class SpeechEngine {
     virtual double SecondsLeft() const = 0;
 
     /// Rate in the service's units: 0 normal, -10 slowest, 10 fastest; taken by texts spoken
-    /// after the call. Any value is accepted and brought into the engine's own range.
+    /// after the call. Any value is accepted and brought into that range.
     virtual void SetRate(int rate) = 0;
+    /// `echo_quicker` above what SetRate makes of the rate, for the echo of typed keys.
+    virtual void SetEchoRate(int rate) = 0;
     /// Volume, 0 to 100, brought into range; heard at once.
     virtual void SetVolume(int volume) = 0;
 

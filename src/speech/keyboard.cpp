@@ -45,7 +45,7 @@ void Form1::getkey() {
 }
 
 void Form1::saykey() {
-    gs.Voice->SetRate(gs.vr + 5);
+    gs.Voice->SetEchoRate(gs.vr);
     stopspeech();
     if (gs.g != keys::f1) say2(gs.g2);  // its character would be "p"
     gs.Voice->SetRate(gs.vr);

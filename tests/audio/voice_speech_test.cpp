@@ -115,12 +115,14 @@ TEST(VoiceSpeech, RateAndVoiceAreThoseOfTheCall) {
         int voice;
         int heard_rate;
         int heard_voice;
+        bool echo = false;
     };
-    constexpr Case cases[] = {{0, 0, 0, 0},          {5, 2, 5, 2},      {15, 1, 15, 1},
-                              {16, 3, 15, 1},        {-10, -1, -10, 1}, {-99, 99, -10, 1},
-                              {2000000000, 0, 15, 0}};
+    constexpr Case cases[] = {{0, 0, 0, 0},           {5, 2, 5, 2},        {11, 1, 10, 1},
+                              {15, 3, 10, 1},         {-10, -1, -10, 1},   {-99, 99, -10, 1},
+                              {2000000000, 0, 10, 0}, {7, 0, 12, 0, true}, {11, 0, 15, 0, true},
+                              {-12, 0, -5, 0, true}};
     for (const Case& c : cases) {
-        fake.engine->SetRate(c.rate);
+        c.echo ? fake.engine->SetEchoRate(c.rate) : fake.engine->SetRate(c.rate);
         fake.engine->SetVoice(c.voice);
         fake.engine->Speak("10", SpeakFlags::queue);
         fake.engine->SetRate(1);

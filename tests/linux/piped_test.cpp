@@ -38,6 +38,7 @@ class FakeEngine : public SpeechEngine {
     }
     double SecondsLeft() const override { return 0; }
     void SetRate(int) override {}
+    void SetEchoRate(int) override {}
     void SetVolume(int) override {}
     int GetVoicesCount() const override { return 1; }
     void SetVoice(int) override {}

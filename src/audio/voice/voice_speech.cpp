@@ -15,8 +15,7 @@ constexpr auto patience_interval = std::chrono::milliseconds(10);
 /// Until when nothing can have changed while a text is being synthesized.
 constexpr double shortest_rest = 0.005;
 constexpr int slowest_rate = -10;
-/// Above the player's 10, for the echo of typed keys.
-constexpr int fastest_rate = 15;
+constexpr int fastest_rate = 10;
 /// Each that hangs keeps its memory, and its processor if it goes round in circles.
 constexpr std::size_t most_threads = 4;
 
@@ -130,6 +129,10 @@ class VoiceSpeech::Engine : public SpeechEngine {
     double SecondsLeft() const override;
 
     void SetRate(int rate) override { rate_ = std::clamp(rate, slowest_rate, fastest_rate); }
+    void SetEchoRate(int rate) override {
+        SetRate(rate);
+        rate_ += echo_quicker;
+    }
     void SetVolume(int volume) override {
         volume_ = std::clamp(volume, 0, 100);
         ApplyVolume();

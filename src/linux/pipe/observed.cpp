@@ -19,6 +19,7 @@ class ObservedEngine final : public SpeechEngine, private Busy {
     RunningState Status() const override { return real_->Status(); }
     double SecondsLeft() const override { return real_->SecondsLeft(); }
     void SetRate(int rate) override { Asked().SetRate(rate); }
+    void SetEchoRate(int rate) override { Asked().SetEchoRate(rate); }
     void SetVolume(int volume) override { Asked().SetVolume(volume); }
     int GetVoicesCount() const override {
         activity_.Asked();
