@@ -60,8 +60,9 @@ bool AskForName(Form1& form, std::string& name) {
                            .letters = YesNoPrompt::Letters::after_echo,
                            .repeats_on_f1 = true});
         if (answer != 1) return false;
-        if (UsableCityName(name)) return true;
-        form.say(" I 'm sorry, but that name can not be used for a file. ");
+        const std::string_view why_not = WhyNotCityName(name);
+        if (why_not.empty()) return true;
+        form.say(" I 'm sorry, but that name can not be used for a file. " + std::string(why_not));
         form.dy(0.2);
     }
 }

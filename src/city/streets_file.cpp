@@ -97,22 +97,22 @@ std::string StreetsFileName(std::string_view city) {
     return name += streets_ending;
 }
 
-bool UsableCityName(std::string_view city) {
-    if (city.empty() || StreetsFileName(city).size() > longest_file_name) return false;
-    for (const char end : {city.front(), city.back()}) {
-        if (end == ' ' || end == '.') return false;
-    }
+std::string_view WhyNotCityName(std::string_view city) {
+    if (city.empty()) return "A city needs a name. ";
+    if (StreetsFileName(city).size() > longest_file_name) return "It is too long. ";
     for (; !city.empty(); city.remove_prefix(FirstCharacter(city))) {
         const auto byte = static_cast<unsigned char>(city.front());
-        if (byte < 32 || byte == 127 ||
-            std::string_view("/\\:*?\"<>|").find(city.front()) != std::string_view::npos) {
-            return false;
-        }
         const bool high_control =
             byte == 0xC2 && city.size() > 1 && static_cast<unsigned char>(city[1]) < 0xA0;
-        if (high_control) return false;
+        if (byte < 32 || byte == 127 || high_control) {
+            return "One of its keys is not that of a letter, a digit or a sign. ";
+        }
+        if (std::string_view("/\\:*?\"<>|").find(city.front()) != std::string_view::npos) {
+            return "It may have no slash, backslash, colon, asterisk, question mark, double quote, "
+                   "less than, greater than or vertical bar. ";
+        }
     }
-    return true;
+    return "";
 }
 
 }  // namespace tamlo

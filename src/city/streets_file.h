@@ -36,8 +36,9 @@ std::optional<std::string> WriteStreetNames(const std::vector<std::string>& name
 /// File name of a city's streets, or of the default ones for "original".
 std::string StreetsFileName(std::string_view city);
 
-/// Whether a typed name (UTF-8) can stand in a file's name on every file system: not empty, none
-/// of / \ : * ? " < > | and control characters, no blank or dot at either end, 255 bytes at most.
-bool UsableCityName(std::string_view city);
+/// Why a typed name (UTF-8) can't stand in a file's name on every file system, as a sentence: it
+/// is empty, has one of / \ : * ? " < > | or a control character, or makes a file name of more than
+/// 255 bytes. Empty if it can. Blanks and dots at its ends are never at those of the file's name.
+std::string_view WhyNotCityName(std::string_view city);
 
 }  // namespace tamlo

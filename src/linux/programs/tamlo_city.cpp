@@ -20,6 +20,7 @@
 #include "linux/system/user_dirs.h"
 #include "services/disk_files.h"
 #include "services/stray_signals.h"
+#include "text/printable.h"
 
 namespace tamlo {
 namespace {
@@ -105,8 +106,10 @@ int Check(const std::string& name) {
 }
 
 int Make(const std::string& name) {
-    if (!UsableCityName(name) || name == "original") {
-        throw Refused("\"" + name + "\" can't be the name of a city");
+    const std::string why_not(name == "original" ? "That is the game's own. "
+                                                 : WhyNotCityName(name));
+    if (!why_not.empty()) {
+        throw Refused("\"" + PrintableLine(name) + "\" can't be the name of a city. " + why_not);
     }
     if (::isatty(STDIN_FILENO) != 0) {
         std::cerr << "Type the 147 names, one a line. Control and D ends the list.\n";
