@@ -61,10 +61,10 @@ std::optional<double> TaggedReader::Number() {
 
 std::optional<int> TaggedReader::Whole(int lowest, int highest) {
     const auto number = Number();
-    if (!number || *number < lowest || *number > highest || *number != std::floor(*number)) {
-        return std::nullopt;
-    }
-    return static_cast<int>(*number);
+    if (!number) return std::nullopt;
+    const double whole = std::nearbyint(*number);
+    if (whole < lowest || whole > highest) return std::nullopt;
+    return static_cast<int>(whole);
 }
 
 }  // namespace tamlo

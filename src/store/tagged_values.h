@@ -29,7 +29,8 @@ class TaggedReader {
 
     /// The next value; nothing when the bytes end, the tag is unknown or the number not finite.
     std::optional<double> Number();
-    /// The same, where it is a whole number within these bounds.
+    /// The same as a whole number within these bounds: a fraction is rounded, a half to the even
+    /// number.
     std::optional<int> Whole(int lowest, int highest);
     bool AtEnd() const { return bytes_.empty(); }
 

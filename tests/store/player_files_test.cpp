@@ -41,18 +41,18 @@ TEST(SavedGameFile, IsExactToTheByte) {
 
 TEST(SavedGameFile, AcceptsEveryTagForEveryFieldAndAMissingCount) {
     std::string bytes = Bytes({3, 0, 7, 0, 0, 0});  // cash 7
-    bytes += Bytes({4, 0, 0, 0, 0x40, 0x40});       // vehicle 3.0, single
+    bytes += Bytes({4, 0, 0, 0, 0x20, 0x40});       // vehicle 2.5, single
     bytes += Bytes({0, 0, 0, 0});                   // hours and minutes never held
     bytes += Bytes({2, 0, 59, 0});                  // seconds
     const auto five = DecodeSavedGame(bytes);
     ASSERT_TRUE(five);
     EXPECT_EQ(five->cash, 7);
-    EXPECT_EQ(five->plast, 3);
+    EXPECT_EQ(five->plast, 2);
     EXPECT_EQ(five->nhr, 0);
     EXPECT_EQ(five->nmt, 0);
     EXPECT_EQ(five->nsd, 59);
     EXPECT_EQ(five->npd, 0);
-    AppendNumber(bytes, 12);
+    AppendNumber(bytes, 11.5);
     ASSERT_TRUE(DecodeSavedGame(bytes));
     EXPECT_EQ(DecodeSavedGame(bytes)->npd, 12);
 }
@@ -71,10 +71,11 @@ TEST(SavedGameFile, RefusesWhatCanNotBeAGame) {
                                    Save(INFINITY, 1, 0, 0, 0, 0),
                                    Save(1, 0, 0, 0, 0, 0),
                                    Save(1, 4, 0, 0, 0, 0),
-                                   Save(1, 1.5, 0, 0, 0, 0),
+                                   Save(1, 0.5, 0, 0, 0, 0),
+                                   Save(1, 3.6, 0, 0, 0, 0),
                                    Save(1, 1, -1, 0, 0, 0),
                                    Save(1, 1, 1e12, 0, 0, 0),
-                                   Save(1, 1, 0, 60, 0, 0),
+                                   Save(1, 1, 0, 59.5, 0, 0),
                                    Save(1, 1, 0, -1, 0, 0),
                                    Save(1, 1, 0, 0, 60, 0),
                                    Save(1, 1, 0, 0, -1, 0),
