@@ -31,7 +31,7 @@ std::optional<std::string> ReadWhole(const std::string& path) {
 
 WaveData AlertTone() {
     constexpr int hertz = 880;
-    constexpr int length = stream_rate * 15 / 100;
+    constexpr int length = stream_rate * 5 / 100;  // two of them come 0.1 s apart
     constexpr int ramp = stream_rate / 200;
     WaveData wave{stream_rate, 1, {}};
     for (int i = 0; i < length; ++i) {
