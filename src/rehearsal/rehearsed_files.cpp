@@ -6,69 +6,42 @@ namespace tamlo {
 
 namespace {
 
-bool IsAbsolute(const std::string& path) {
-    return path.starts_with('/') || path.starts_with('\\');
+bool IsSlash(char c) {
+    return c == '/' || c == '\\';
+}
+
+/// Whether the path begins at a root: "/home", "\\server" or, with a drive, "C:/Users".
+bool IsAbsolute(std::string_view path) {
+    if (path.size() >= 2 && path[1] == ':') path.remove_prefix(2);
+    return !path.empty() && IsSlash(path.front());
 }
 
 }  // namespace
 
 RehearsedFiles::RehearsedFiles(Stage& stage, Files& disk, std::string current_directory)
-    : stage_(stage), disk_(disk), current_directory_(std::move(current_directory)) {}
+    : ForwardingFiles(disk), stage_(stage), current_directory_(std::move(current_directory)) {}
 
-/// The path as an absolute one, for a call of the game's.
-std::string RehearsedFiles::From(const std::string& path) {
-    stage_.Asked();
+std::string RehearsedFiles::PathFor(const std::string& path) {
     if (path.empty() || IsAbsolute(path)) return path;
     return current_directory_ + '/' + path;
 }
 
-std::string RehearsedFiles::FindFile(const std::string& path) {
-    // What is found keeps the form in which it was looked for.
-    std::string found = disk_.FindFile(From(path));
+/// What was found, in the form of the path that was looked for: absolute or relative.
+std::string RehearsedFiles::Shown(const std::string& path, std::string found) const {
     if (!found.empty() && !IsAbsolute(path)) found.erase(0, current_directory_.size() + 1);
     return found;
+}
+
+std::string RehearsedFiles::FindFile(const std::string& path) {
+    return Shown(path, ForwardingFiles::FindFile(path));
 }
 
 std::string RehearsedFiles::FindFolder(const std::string& path) {
-    std::string found = disk_.FindFolder(From(path));
-    if (!found.empty() && !IsAbsolute(path)) found.erase(0, current_directory_.size() + 1);
-    return found;
-}
-
-std::vector<std::string> RehearsedFiles::List(const std::string& folder, std::string_view pattern) {
-    return disk_.List(From(folder), pattern);
-}
-
-std::optional<std::uint64_t> RehearsedFiles::Length(const std::string& path) {
-    return disk_.Length(From(path));
-}
-
-ReadResult RehearsedFiles::Read(const std::string& path) {
-    return disk_.Read(From(path));
-}
-
-bool RehearsedFiles::Replace(const std::string& path, std::string_view bytes) {
-    return disk_.Replace(From(path), bytes);
-}
-
-bool RehearsedFiles::Append(const std::string& path, std::string_view bytes) {
-    return disk_.Append(From(path), bytes);
-}
-
-bool RehearsedFiles::Delete(const std::string& path) {
-    return disk_.Delete(From(path));
-}
-
-bool RehearsedFiles::Rename(const std::string& from, const std::string& to) {
-    return disk_.Rename(From(from), From(to));
-}
-
-bool RehearsedFiles::MakeFolder(const std::string& path) {
-    return disk_.MakeFolder(From(path));
+    return Shown(path, ForwardingFiles::FindFolder(path));
 }
 
 std::string RehearsedFiles::CurrentDirectory() {
-    stage_.Asked();
+    Asked();
     return current_directory_;
 }
 

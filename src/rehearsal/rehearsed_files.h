@@ -4,32 +4,25 @@
 #include <string>
 
 #include "rehearsal/stage.h"
-#include "services/files.h"
+#include "services/forwarding_files.h"
 
 namespace tamlo {
 
-class RehearsedFiles final : public Files {
+class RehearsedFiles final : public ForwardingFiles {
   public:
     /// `disk` does the work. `current_directory` is an absolute path.
     RehearsedFiles(Stage& stage, Files& disk, std::string current_directory);
 
     std::string FindFile(const std::string& path) override;
     std::string FindFolder(const std::string& path) override;
-    std::vector<std::string> List(const std::string& folder, std::string_view pattern) override;
-    std::optional<std::uint64_t> Length(const std::string& path) override;
-    ReadResult Read(const std::string& path) override;
-    bool Replace(const std::string& path, std::string_view bytes) override;
-    bool Append(const std::string& path, std::string_view bytes) override;
-    bool Delete(const std::string& path) override;
-    bool Rename(const std::string& from, const std::string& to) override;
-    bool MakeFolder(const std::string& path) override;
     std::string CurrentDirectory() override;
 
   private:
-    std::string From(const std::string& path);
+    void Asked() override { stage_.Asked(); }
+    std::string PathFor(const std::string& path) override;
+    std::string Shown(const std::string& path, std::string found) const;
 
     Stage& stage_;
-    Files& disk_;
     std::string current_directory_;
 };
 

@@ -101,55 +101,6 @@ std::unique_ptr<SoundDevice> ObservedSound::CreateDevice() {
     return std::make_unique<ObservedDevice>(real_.CreateDevice(), activity_);
 }
 
-Files& ObservedFiles::Asked() {
-    activity_.Asked();
-    return real_;
-}
-
-std::string ObservedFiles::FindFile(const std::string& path) {
-    return Asked().FindFile(path);
-}
-
-std::string ObservedFiles::FindFolder(const std::string& path) {
-    return Asked().FindFolder(path);
-}
-
-std::vector<std::string> ObservedFiles::List(const std::string& folder, std::string_view pattern) {
-    return Asked().List(folder, pattern);
-}
-
-std::optional<std::uint64_t> ObservedFiles::Length(const std::string& path) {
-    return Asked().Length(path);
-}
-
-ReadResult ObservedFiles::Read(const std::string& path) {
-    return Asked().Read(path);
-}
-
-bool ObservedFiles::Replace(const std::string& path, std::string_view bytes) {
-    return Asked().Replace(path, bytes);
-}
-
-bool ObservedFiles::Append(const std::string& path, std::string_view bytes) {
-    return Asked().Append(path, bytes);
-}
-
-bool ObservedFiles::Delete(const std::string& path) {
-    return Asked().Delete(path);
-}
-
-bool ObservedFiles::Rename(const std::string& from, const std::string& to) {
-    return Asked().Rename(from, to);
-}
-
-bool ObservedFiles::MakeFolder(const std::string& path) {
-    return Asked().MakeFolder(path);
-}
-
-std::string ObservedFiles::CurrentDirectory() {
-    return Asked().CurrentDirectory();
-}
-
 Desktop& ObservedDesktop::Asked() {
     activity_.Asked();
     return real_;

@@ -3,7 +3,7 @@
 
 #include "linux/pipe/activity.h"
 #include "services/desktop.h"
-#include "services/files.h"
+#include "services/forwarding_files.h"
 #include "services/random.h"
 #include "services/sound.h"
 #include "services/speech.h"
@@ -32,25 +32,13 @@ class ObservedSound : public SoundSystem {
     Activity& activity_;
 };
 
-class ObservedFiles : public Files {
+class ObservedFiles : public ForwardingFiles {
   public:
-    ObservedFiles(Files& real, Activity& activity) : real_(real), activity_(activity) {}
-    std::string FindFile(const std::string& path) override;
-    std::string FindFolder(const std::string& path) override;
-    std::vector<std::string> List(const std::string& folder, std::string_view pattern) override;
-    std::optional<std::uint64_t> Length(const std::string& path) override;
-    ReadResult Read(const std::string& path) override;
-    bool Replace(const std::string& path, std::string_view bytes) override;
-    bool Append(const std::string& path, std::string_view bytes) override;
-    bool Delete(const std::string& path) override;
-    bool Rename(const std::string& from, const std::string& to) override;
-    bool MakeFolder(const std::string& path) override;
-    std::string CurrentDirectory() override;
+    ObservedFiles(Files& real, Activity& activity) : ForwardingFiles(real), activity_(activity) {}
 
   private:
-    Files& Asked();
+    void Asked() override { activity_.Asked(); }
 
-    Files& real_;
     Activity& activity_;
 };
 
