@@ -1,27 +1,21 @@
-// The folder of the player's files, and the settings kept in it.
+// Where the player's files are, and what becomes of those that fail.
 #include <algorithm>
 
 #include "game/form1.h"
 #include "services/desktop.h"
 #include "services/files.h"
-#include "store/settings_file.h"
+#include "store/data_folder.h"
 
 namespace tamlo {
 
 void Form1::getdatapath() {
     const std::string documents = platform.desktop.SpecialFolder(documents_folder);
     pumpEvents();
-    if (documents.empty()) {
-        gs.datapath = platform.files.CurrentDirectory();
-        return;
-    }
-    const std::string folder = documents + "/tolvane";
-    gs.datapath = platform.files.FindFolder(folder);
-    if (gs.datapath.empty()) {
-        platform.files.MakeFolder(folder);
-        gs.datapath = folder;
-        pumpEvents();
-    }
+    const DataFolder folder = FindDataFolder(platform.files, documents);
+    gs.datapath = folder.path;
+    if (folder.exists) return;
+    platform.files.MakeFolder(folder.path);
+    pumpEvents();
 }
 
 std::string Form1::path(std::string_view name) const {
@@ -40,17 +34,6 @@ bool Form1::putaside(const std::string& name) {
     return false;
 }
 
-void Form1::readCFG() {
-    const ReadResult file = platform.files.Read(path("tamlo.cfg"));
-    if (file.outcome == ReadResult::Outcome::failed) gs.noread = std::max(gs.noread, 1);
-    const Settings settings = ParseSettings(file.bytes, gs.nov);
-    gs.nv = settings.nv;
-    gs.vr = settings.vr;
-    gs.vv = settings.vv;
-    gs.wavol = settings.wavol;
-    gs.gnd = settings.gnd;
-}
-
 // A player would otherwise learn of it only by losing a day, or wonder at a voice and streets that
 // are not the usual ones.
 void Form1::telltroubles() {
@@ -63,13 +46,6 @@ void Form1::telltroubles() {
     gs.nowrite = 2;
     say(" I 'm sorry, but the files of the game can not be written to " + gs.datapath +
         ". Your settings and your game will not be saved. ");
-}
-
-void Form1::printCFG() {
-    const Settings settings{gs.nv, gs.vr, gs.vv, gs.wavol, gs.gnd};
-    if (!platform.files.Replace(path("tamlo.cfg"), FormatSettings(settings))) {
-        say(" I 'm sorry, but your settings could not be saved. ");
-    }
 }
 
 }  // namespace tamlo

@@ -9,6 +9,7 @@
 #include "linux/system/user_dirs.h"
 #include "linux/terminal/printed_lines.h"
 #include "services/disk_files.h"
+#include "store/data_folder.h"
 #include "text/printable.h"
 
 namespace tamlo {
@@ -18,15 +19,6 @@ namespace {
 constexpr std::chrono::seconds longest_telling{15};
 
 const std::string report_name = "tamlo report.txt";
-
-/// Where the game would have its files: see Form1::getdatapath.
-std::string DataFolder(Files& files) {
-    const std::string documents = DocumentsFolder();
-    if (documents.empty()) return files.CurrentDirectory();
-    const std::string folder = documents + "/tolvane";
-    files.MakeFolder(folder);
-    return files.FindFolder(folder);
-}
 
 std::string Now() {
     const std::time_t now = std::time(nullptr);
@@ -48,7 +40,9 @@ std::string ReportOf(const RunEnd& end) {
 /// Path of the report; empty if it could not be written.
 std::string WriteReport(const RunEnd& end) {
     DiskFiles files;
-    const std::string path = DataFolder(files) + "/" + report_name;
+    const DataFolder folder = FindDataFolder(files, DocumentsFolder());
+    if (!folder.exists) files.MakeFolder(folder.path);
+    const std::string path = folder.path + "/" + report_name;
     return files.Replace(path, ReportOf(end)) ? path : "";
 }
 

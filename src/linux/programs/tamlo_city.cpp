@@ -20,6 +20,7 @@
 #include "linux/system/user_dirs.h"
 #include "services/disk_files.h"
 #include "services/stray_signals.h"
+#include "store/data_folder.h"
 #include "text/printable.h"
 
 namespace tamlo {
@@ -39,17 +40,6 @@ struct Refused : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// The folder of the player's files, "" if there is none and `make` is not asked.
-std::string DataFolder(Files& files, bool make) {
-    const std::string documents = DocumentsFolder();
-    if (documents.empty()) throw Refused("there is no Documents folder");
-    const std::string folder = documents + "/tolvane";
-    const std::string found = files.FindFolder(folder);
-    if (!found.empty() || !make) return found;
-    if (!files.MakeFolder(folder)) throw Refused("the folder " + folder + " can't be made");
-    return folder;
-}
-
 std::string DefaultCity() {
     std::string text;
     for (const std::string_view road : default_roads) text += std::string(road) + "\r\n";
@@ -61,9 +51,10 @@ std::string DefaultCity() {
 std::string ReadCity(const std::string& name) {
     DiskFiles files;
     const bool is_file = name.find('/') != name.npos || name.ends_with(streets_ending);
-    const std::string folder = is_file ? "" : DataFolder(files, false);
-    const std::string path = is_file ? name : folder + "/" + StreetsFileName(name);
-    const ReadResult content = is_file || !folder.empty() ? files.Read(path) : ReadResult{};
+    const std::string path =
+        is_file ? name
+                : FindDataFolder(files, DocumentsFolder()).path + "/" + StreetsFileName(name);
+    const ReadResult content = files.Read(path);
     if (content.outcome == ReadResult::Outcome::ok) return content.bytes;
     if (content.outcome == ReadResult::Outcome::failed) throw Refused(path + " can't be read");
     if (name == "original") return DefaultCity();
@@ -127,7 +118,9 @@ int Make(const std::string& name) {
     if (!text) throw Refused("the list has a name with a double quote or a line end in it");
 
     DiskFiles files;
-    const std::string path = DataFolder(files, true) + "/" + StreetsFileName(name);
+    const DataFolder folder = FindDataFolder(files, DocumentsFolder());
+    if (!folder.exists) files.MakeFolder(folder.path);
+    const std::string path = folder.path + "/" + StreetsFileName(name);
     if (!files.FindFile(path).empty()) throw Refused(path + " is there already");
     if (!files.Replace(path, *text)) throw Refused(path + " can't be written");
     std::cout << path << " has been made.\n";
