@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "rehearsal/words.h"
+#include "services/key_codes.h"
 #include "text/number_text.h"
 #include "text/printable.h"
 
@@ -25,21 +26,21 @@ struct NamedKey {
 };
 
 constexpr auto named_keys = std::to_array<NamedKey>({
-    {"backspace", 8},
-    {"enter", 13},
-    {"shift", 16},
-    {"escape", 27},
-    {"space", 32},
-    {"left", 37},
-    {"up", 38},
-    {"right", 39},
-    {"down", 40},
-    {"f1", 112},
-    {"f2", 113},
-    {"f3", 114},
-    {"f4", 115},
-    {"f5", 116},
-    {"f6", 117},
+    {"backspace", keys::backspace},
+    {"enter", keys::enter},
+    {"shift", keys::shift},
+    {"escape", keys::escape},
+    {"space", keys::space},
+    {"left", keys::left},
+    {"up", keys::up},
+    {"right", keys::right},
+    {"down", keys::down},
+    {"f1", keys::f1},
+    {"f2", keys::f2},
+    {"f3", keys::f3},
+    {"f4", keys::f4},
+    {"f5", keys::f5},
+    {"f6", keys::f6},
 });
 
 bool IsDigit(char c) {

@@ -5,14 +5,13 @@
 #include <iterator>
 #include <utility>
 
+#include "services/key_codes.h"
+
 namespace tamlo {
 namespace {
 
 using Act = BrailleKey::Act;
 
-constexpr int shift_key = 16;
-constexpr int enter_key = 13;
-constexpr int first_function_key = 112;
 constexpr int function_keys = 12;
 
 struct Command {
@@ -22,12 +21,18 @@ struct Command {
 };
 
 constexpr Command commands[] = {
-    {BRLAPI_KEY_CMD_LNUP, Act::press, 38},     {BRLAPI_KEY_CMD_LNDN, Act::press, 40},
-    {BRLAPI_KEY_CMD_PRDIFLN, Act::press, 38},  {BRLAPI_KEY_CMD_NXDIFLN, Act::press, 40},
-    {BRLAPI_KEY_CMD_CHRLT, Act::press, 37},    {BRLAPI_KEY_CMD_CHRRT, Act::press, 39},
-    {BRLAPI_KEY_CMD_FWINLT, Act::back, 0},     {BRLAPI_KEY_CMD_FWINRT, Act::forward, 0},
-    {BRLAPI_KEY_CMD_FWINLTSKIP, Act::back, 0}, {BRLAPI_KEY_CMD_FWINRTSKIP, Act::forward, 0},
-    {BRLAPI_KEY_CMD_HOME, Act::newest, 0},     {BRLAPI_KEY_CMD_RETURN, Act::newest, 0},
+    {BRLAPI_KEY_CMD_LNUP, Act::press, keys::up},
+    {BRLAPI_KEY_CMD_LNDN, Act::press, keys::down},
+    {BRLAPI_KEY_CMD_PRDIFLN, Act::press, keys::up},
+    {BRLAPI_KEY_CMD_NXDIFLN, Act::press, keys::down},
+    {BRLAPI_KEY_CMD_CHRLT, Act::press, keys::left},
+    {BRLAPI_KEY_CMD_CHRRT, Act::press, keys::right},
+    {BRLAPI_KEY_CMD_FWINLT, Act::back, 0},
+    {BRLAPI_KEY_CMD_FWINRT, Act::forward, 0},
+    {BRLAPI_KEY_CMD_FWINLTSKIP, Act::back, 0},
+    {BRLAPI_KEY_CMD_FWINRTSKIP, Act::forward, 0},
+    {BRLAPI_KEY_CMD_HOME, Act::newest, 0},
+    {BRLAPI_KEY_CMD_RETURN, Act::newest, 0},
 };
 
 struct TypedKey {
@@ -36,12 +41,18 @@ struct TypedKey {
 };
 
 constexpr TypedKey typed_keys[] = {
-    {BRLAPI_KEY_SYM_BACKSPACE, 8},  {BRLAPI_KEY_SYM_LINEFEED, enter_key},
-    {BRLAPI_KEY_SYM_ESCAPE, 27},    {BRLAPI_KEY_SYM_LEFT, 37},
-    {BRLAPI_KEY_SYM_UP, 38},        {BRLAPI_KEY_SYM_RIGHT, 39},
-    {BRLAPI_KEY_SYM_DOWN, 40},      {BRLAPI_KEY_SYM_HOME, 36},
-    {BRLAPI_KEY_SYM_END, 35},       {BRLAPI_KEY_SYM_PAGE_UP, 33},
-    {BRLAPI_KEY_SYM_PAGE_DOWN, 34}, {' ', 32},
+    {BRLAPI_KEY_SYM_BACKSPACE, keys::backspace},
+    {BRLAPI_KEY_SYM_LINEFEED, keys::enter},
+    {BRLAPI_KEY_SYM_ESCAPE, keys::escape},
+    {BRLAPI_KEY_SYM_LEFT, keys::left},
+    {BRLAPI_KEY_SYM_UP, keys::up},
+    {BRLAPI_KEY_SYM_RIGHT, keys::right},
+    {BRLAPI_KEY_SYM_DOWN, keys::down},
+    {BRLAPI_KEY_SYM_HOME, keys::home},
+    {BRLAPI_KEY_SYM_END, keys::end},
+    {BRLAPI_KEY_SYM_PAGE_UP, keys::page_up},
+    {BRLAPI_KEY_SYM_PAGE_DOWN, keys::page_down},
+    {' ', keys::space},
 };
 
 /// Letters, digits and the named keys; nothing for other characters.
@@ -49,10 +60,10 @@ std::vector<int> KeysOfSymbol(brlapi_keyCode_t symbol) {
     if (symbol >= BRLAPI_KEY_SYM_UNICODE) symbol -= BRLAPI_KEY_SYM_UNICODE;
     if (symbol >= '0' && symbol <= '9') return {static_cast<int>(symbol)};
     if (symbol >= 'a' && symbol <= 'z') return {static_cast<int>(symbol - 'a' + 'A')};
-    if (symbol >= 'A' && symbol <= 'Z') return {shift_key, static_cast<int>(symbol)};
+    if (symbol >= 'A' && symbol <= 'Z') return {keys::shift, static_cast<int>(symbol)};
     const auto function = symbol - BRLAPI_KEY_SYM_FUNCTION;
     if (symbol >= BRLAPI_KEY_SYM_FUNCTION && function < function_keys) {
-        return {first_function_key + static_cast<int>(function)};
+        return {keys::f1 + static_cast<int>(function)};
     }
     for (const TypedKey& typed : typed_keys) {
         if (typed.symbol == symbol) return {typed.key};
@@ -65,11 +76,11 @@ std::vector<int> KeysOfSymbol(brlapi_keyCode_t symbol) {
 BrailleKey MeaningOfKey(brlapi_keyCode_t code) {
     const brlapi_keyCode_t command = code & BRLAPI_KEY_CODE_MASK;
     if ((code & BRLAPI_KEY_TYPE_MASK) == BRLAPI_KEY_TYPE_SYM) {
-        std::vector<int> keys = KeysOfSymbol(command);
-        return keys.empty() ? BrailleKey{} : BrailleKey{Act::press, std::move(keys)};
+        std::vector<int> pressed = KeysOfSymbol(command);
+        return pressed.empty() ? BrailleKey{} : BrailleKey{Act::press, std::move(pressed)};
     }
     if ((command & BRLAPI_KEY_CMD_BLK_MASK) == BRLAPI_KEY_CMD_ROUTE) {
-        return {Act::press, {enter_key}};
+        return {Act::press, {keys::enter}};
     }
     for (const Command& known : commands) {
         if (known.code != command) continue;

@@ -5,15 +5,14 @@
 
 #include "linux/system/programs.h"
 #include "linux/terminal/editor_choice.h"
+#include "services/key_codes.h"
 
 namespace tamlo {
 namespace {
 
 class CloseKey : public KeyListener {
   public:
-    void Form_KeyDown(int code, int) override {
-        pressed = pressed || code == 13 || code == 27 || code == 32;
-    }
+    void Form_KeyDown(int code, int) override { pressed = pressed || keys::ClosesMessage(code); }
     bool pressed = false;
 };
 

@@ -4,15 +4,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "services/key_codes.h"
+
 namespace tamlo {
 namespace {
 
 constexpr char escape = '\x1b';
-constexpr int backspace_key = 8;
-constexpr int tab_key = 9;
-constexpr int enter_key = 13;
-constexpr int shift_key = 16;
-constexpr int escape_key = 27;
 
 // Longer sequences are no keys; their rest is read and dropped.
 constexpr std::size_t longest_sequence = 32;
@@ -24,11 +21,27 @@ struct TypedSign {
 };
 
 constexpr TypedSign signs[] = {
-    {'0', ')', 48},   {'1', '!', 49},  {'2', '@', 50},  {'3', '#', 51},   {'4', '$', 52},
-    {'5', '%', 53},   {'6', '^', 54},  {'7', '&', 55},  {'8', '*', 56},   {'9', '(', 57},
-    {';', ':', 186},  {'=', '+', 187}, {',', '<', 188}, {'-', '_', 189},  {'.', '>', 190},
-    {'/', '?', 191},  {'`', '~', 192}, {'[', '{', 219}, {'\\', '|', 220}, {']', '}', 221},
-    {'\'', '"', 222},
+    {'0', ')', '0'},
+    {'1', '!', '1'},
+    {'2', '@', '2'},
+    {'3', '#', '3'},
+    {'4', '$', '4'},
+    {'5', '%', '5'},
+    {'6', '^', '6'},
+    {'7', '&', '7'},
+    {'8', '*', '8'},
+    {'9', '(', '9'},
+    {';', ':', keys::semicolon},
+    {'=', '+', keys::equals},
+    {',', '<', keys::comma},
+    {'-', '_', keys::hyphen},
+    {'.', '>', keys::full_stop},
+    {'/', '?', keys::slash},
+    {'`', '~', keys::grave_accent},
+    {'[', '{', keys::left_bracket},
+    {'\\', '|', keys::backslash},
+    {']', '}', keys::right_bracket},
+    {'\'', '"', keys::apostrophe},
 };
 
 struct NamedKey {
@@ -38,19 +51,26 @@ struct NamedKey {
 
 // ESC [ final and ESC O final, with any parameters between; lower case: rxvt with Shift or Control.
 constexpr NamedKey letter_keys[] = {
-    {'A', 38}, {'B', 40}, {'C', 39}, {'D', 37},  {'a', 38},  {'b', 40},  {'c', 39},  {'d', 37},
-    {'E', 12}, {'F', 35}, {'H', 36}, {'P', 112}, {'Q', 113}, {'R', 114}, {'S', 115}, {'Z', tab_key},
+    {'A', keys::up},    {'B', keys::down}, {'C', keys::right}, {'D', keys::left},
+    {'a', keys::up},    {'b', keys::down}, {'c', keys::right}, {'d', keys::left},
+    {'E', keys::clear}, {'F', keys::end},  {'H', keys::home},  {'P', keys::f1},
+    {'Q', keys::f2},    {'R', keys::f3},   {'S', keys::f4},    {'Z', keys::tab},
 };
 
 // ESC O final only: the keypad in its application mode.
 constexpr NamedKey keypad_keys[] = {
-    {'M', enter_key}, {'I', tab_key}, {'X', 187}, {'j', 106}, {'k', 107}, {'l', 108}, {'m', 109},
-    {'n', 110},       {'o', 111},     {'p', 96},  {'q', 97},  {'r', 98},  {'s', 99},  {'t', 100},
-    {'u', 101},       {'v', 102},     {'w', 103}, {'x', 104}, {'y', 105},
+    {'M', keys::enter},        {'I', keys::tab},          {'X', keys::equals},
+    {'j', keys::keypad_times}, {'k', keys::keypad_plus},  {'l', keys::keypad_separator},
+    {'m', keys::keypad_minus}, {'n', keys::keypad_point}, {'o', keys::keypad_divide},
+    {'p', keys::keypad_0},     {'q', keys::keypad_0 + 1}, {'r', keys::keypad_0 + 2},
+    {'s', keys::keypad_0 + 3}, {'t', keys::keypad_0 + 4}, {'u', keys::keypad_0 + 5},
+    {'v', keys::keypad_0 + 6}, {'w', keys::keypad_0 + 7}, {'x', keys::keypad_0 + 8},
+    {'y', keys::keypad_0 + 9},
 };
 
 // ESC [ [ final: the text console.
-constexpr NamedKey console_keys[] = {{'A', 112}, {'B', 113}, {'C', 114}, {'D', 115}, {'E', 116}};
+constexpr NamedKey console_keys[] = {
+    {'A', keys::f1}, {'B', keys::f2}, {'C', keys::f3}, {'D', keys::f4}, {'E', keys::f5}};
 
 struct NumberedKey {
     int number;
@@ -59,17 +79,20 @@ struct NumberedKey {
 
 // ESC [ number ~ (rxvt with Shift or Control: $ ^ @ instead of ~).
 constexpr NumberedKey numbered_keys[] = {
-    {1, 36},   {2, 45},   {3, 46},   {4, 35},   {5, 33},   {6, 34},   {7, 36},
-    {8, 35},   {11, 112}, {12, 113}, {13, 114}, {14, 115}, {15, 116}, {17, 117},
-    {18, 118}, {19, 119}, {20, 120}, {21, 121}, {23, 122}, {24, 123}, {25, 124},
-    {26, 125}, {28, 126}, {29, 127}, {31, 128}, {32, 129}, {33, 130}, {34, 131},
+    {1, keys::home},     {2, keys::insert},    {3, keys::delete_key}, {4, keys::end},
+    {5, keys::page_up},  {6, keys::page_down}, {7, keys::home},       {8, keys::end},
+    {11, keys::f1},      {12, keys::f2},       {13, keys::f3},        {14, keys::f4},
+    {15, keys::f5},      {17, keys::f6},       {18, keys::f1 + 6},    {19, keys::f1 + 7},
+    {20, keys::f1 + 8},  {21, keys::f1 + 9},   {23, keys::f1 + 10},   {24, keys::f1 + 11},
+    {25, keys::f1 + 12}, {26, keys::f1 + 13},  {28, keys::f1 + 14},   {29, keys::f1 + 15},
+    {31, keys::f1 + 16}, {32, keys::f1 + 17},  {33, keys::f1 + 18},   {34, keys::f1 + 19},
 };
 
 template <std::size_t n>
-int Named(const NamedKey (&keys)[n], char final) {
+int Named(const NamedKey (&table)[n], char final) {
     const auto* const key =
-        std::find_if(keys, keys + n, [&](const NamedKey& k) { return k.final == final; });
-    return key == keys + n ? 0 : key->code;
+        std::find_if(table, table + n, [&](const NamedKey& k) { return k.final == final; });
+    return key == table + n ? 0 : key->code;
 }
 
 int Numbered(std::string_view parameters) {
@@ -133,7 +156,7 @@ void TerminalKeys::Continue(char byte) {
             pending_ += byte;
             return;
         }
-        if (gaps_ == Gaps::lost) Press(escape_key);
+        if (gaps_ == Gaps::lost) Press(keys::escape);
         pending_.clear();
         Type(byte);
         return;
@@ -155,18 +178,18 @@ void TerminalKeys::Type(char byte) {
     if (byte >= 'a' && byte <= 'z') {
         Press(byte - 'a' + 'A');
     } else if (byte >= 'A' && byte <= 'Z') {
-        Press(shift_key);
+        Press(keys::shift);
         Press(byte);
     } else if (byte == ' ' || byte == '\t') {
         Press(byte);
     } else if (byte == '\x7f' || byte == '\b') {
-        Press(backspace_key);
+        Press(keys::backspace);
     } else if (byte == '\r' || byte == '\n') {
         const bool one_line_end = byte == '\n' && last_ == '\r' && gaps_ == Gaps::lost;
-        if (!one_line_end) Press(enter_key);
+        if (!one_line_end) Press(keys::enter);
     } else {
         for (const TypedSign& sign : signs) {
-            if (byte == sign.shifted) Press(shift_key);
+            if (byte == sign.shifted) Press(keys::shift);
             if (byte == sign.sign || byte == sign.shifted) Press(sign.code);
         }
     }
@@ -174,7 +197,7 @@ void TerminalKeys::Type(char byte) {
 
 void TerminalKeys::Resolve() {
     const std::string cut = std::exchange(pending_, {});
-    if (cut.size() == 1 || (cut.size() == 2 && gaps_ == Gaps::lost)) Press(escape_key);
+    if (cut.size() == 1 || (cut.size() == 2 && gaps_ == Gaps::lost)) Press(keys::escape);
     // Escape and "[" or "O", or one of these with Alt held. What was cut later was never a key.
     if (cut.size() == 2) Type(cut.back());
 }
@@ -207,7 +230,7 @@ std::optional<int> TerminalKeys::Take() {
     const int key = keys_.front();
     keys_.pop_front();
     // A pipe waits for the game to rest before each key; only its Shift goes straight on.
-    if (gaps_ == Gaps::kept || key == shift_key) turns_to_wait_ = turns_between_keys;
+    if (gaps_ == Gaps::kept || key == keys::shift) turns_to_wait_ = turns_between_keys;
     return key;
 }
 

@@ -17,6 +17,7 @@
 #include "linux/window/window_painter.h"
 #include "linux/window/x_window.h"
 #include "services/end_of_process.h"
+#include "services/key_codes.h"
 
 namespace tamlo {
 
@@ -179,7 +180,7 @@ struct DesktopWindow::Impl {
     bool Answered() {
         TakeIn();
         while (const auto key = NextKey()) {
-            if (!key->repeated && (key->code == 13 || key->code == 27 || key->code == 32)) {
+            if (!key->repeated && keys::ClosesMessage(key->code)) {
                 return true;
             }
         }

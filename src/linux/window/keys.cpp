@@ -6,6 +6,8 @@
 
 #include <iterator>
 
+#include "services/key_codes.h"
+
 namespace tamlo {
 
 namespace {
@@ -17,22 +19,22 @@ struct Row {
 
 // Keys that count by their place whatever the layout puts there.
 constexpr Row places[] = {
-    {SDL_SCANCODE_1, 49},
-    {SDL_SCANCODE_2, 50},
-    {SDL_SCANCODE_3, 51},
-    {SDL_SCANCODE_4, 52},
-    {SDL_SCANCODE_5, 53},
-    {SDL_SCANCODE_6, 54},
-    {SDL_SCANCODE_7, 55},
-    {SDL_SCANCODE_8, 56},
-    {SDL_SCANCODE_9, 57},
-    {SDL_SCANCODE_0, 48},
-    {SDL_SCANCODE_KP_MULTIPLY, 106},
-    {SDL_SCANCODE_KP_PLUS, 107},
-    {SDL_SCANCODE_KP_MINUS, 109},
-    {SDL_SCANCODE_KP_DIVIDE, 111},
-    {SDL_SCANCODE_KP_ENTER, 13},
-    {SDL_SCANCODE_NONUSBACKSLASH, 226},
+    {SDL_SCANCODE_1, '1'},
+    {SDL_SCANCODE_2, '2'},
+    {SDL_SCANCODE_3, '3'},
+    {SDL_SCANCODE_4, '4'},
+    {SDL_SCANCODE_5, '5'},
+    {SDL_SCANCODE_6, '6'},
+    {SDL_SCANCODE_7, '7'},
+    {SDL_SCANCODE_8, '8'},
+    {SDL_SCANCODE_9, '9'},
+    {SDL_SCANCODE_0, '0'},
+    {SDL_SCANCODE_KP_MULTIPLY, keys::keypad_times},
+    {SDL_SCANCODE_KP_PLUS, keys::keypad_plus},
+    {SDL_SCANCODE_KP_MINUS, keys::keypad_minus},
+    {SDL_SCANCODE_KP_DIVIDE, keys::keypad_divide},
+    {SDL_SCANCODE_KP_ENTER, keys::enter},
+    {SDL_SCANCODE_NONUSBACKSLASH, keys::beside_left_shift},
 };
 
 struct KeypadRow {
@@ -41,64 +43,62 @@ struct KeypadRow {
     int navigation_code;
 };
 
-constexpr KeypadRow keypad[] = {
-    {SDL_SCANCODE_KP_0, 96, 45},       // Insert
-    {SDL_SCANCODE_KP_1, 97, 35},       // End
-    {SDL_SCANCODE_KP_2, 98, 40},       // down
-    {SDL_SCANCODE_KP_3, 99, 34},       // page down
-    {SDL_SCANCODE_KP_4, 100, 37},      // left
-    {SDL_SCANCODE_KP_5, 101, 12},      // Clear
-    {SDL_SCANCODE_KP_6, 102, 39},      // right
-    {SDL_SCANCODE_KP_7, 103, 36},      // Home
-    {SDL_SCANCODE_KP_8, 104, 38},      // up
-    {SDL_SCANCODE_KP_9, 105, 33},      // page up
-    {SDL_SCANCODE_KP_PERIOD, 110, 46}  // Delete
-};
+constexpr KeypadRow keypad[] = {{SDL_SCANCODE_KP_0, keys::keypad_0, keys::insert},
+                                {SDL_SCANCODE_KP_1, keys::keypad_0 + 1, keys::end},
+                                {SDL_SCANCODE_KP_2, keys::keypad_0 + 2, keys::down},
+                                {SDL_SCANCODE_KP_3, keys::keypad_0 + 3, keys::page_down},
+                                {SDL_SCANCODE_KP_4, keys::keypad_0 + 4, keys::left},
+                                {SDL_SCANCODE_KP_5, keys::keypad_0 + 5, keys::clear},
+                                {SDL_SCANCODE_KP_6, keys::keypad_0 + 6, keys::right},
+                                {SDL_SCANCODE_KP_7, keys::keypad_0 + 7, keys::home},
+                                {SDL_SCANCODE_KP_8, keys::keypad_0 + 8, keys::up},
+                                {SDL_SCANCODE_KP_9, keys::keypad_0 + 9, keys::page_up},
+                                {SDL_SCANCODE_KP_PERIOD, keys::keypad_point, keys::delete_key}};
 
 // Keys that count by what the layout puts on them.
 constexpr Row meanings[] = {
-    {SDLK_BACKSPACE, 8},
-    {SDLK_TAB, 9},
-    {SDLK_RETURN, 13},
-    {SDLK_PAUSE, 19},
-    {SDLK_CAPSLOCK, 20},
-    {SDLK_ESCAPE, 27},
-    {SDLK_SPACE, 32},
-    {SDLK_PAGEUP, 33},
-    {SDLK_PAGEDOWN, 34},
-    {SDLK_END, 35},
-    {SDLK_HOME, 36},
-    {SDLK_LEFT, 37},
-    {SDLK_UP, 38},
-    {SDLK_RIGHT, 39},
-    {SDLK_DOWN, 40},
-    {SDLK_PRINTSCREEN, 44},
-    {SDLK_INSERT, 45},
-    {SDLK_DELETE, 46},
-    {SDLK_LSHIFT, 16},
-    {SDLK_RSHIFT, 16},
-    {SDLK_LCTRL, 17},
-    {SDLK_RCTRL, 17},
-    {SDLK_LALT, 18},
-    {SDLK_RALT, 18},
-    {SDLK_MODE, 18},
-    {SDLK_LGUI, 91},
-    {SDLK_RGUI, 92},
-    {SDLK_APPLICATION, 93},
-    {SDLK_MENU, 93},
-    {SDLK_NUMLOCKCLEAR, 144},
-    {SDLK_SCROLLLOCK, 145},
-    {SDLK_SEMICOLON, 186},
-    {SDLK_EQUALS, 187},
-    {SDLK_COMMA, 188},
-    {SDLK_MINUS, 189},
-    {SDLK_PERIOD, 190},
-    {SDLK_SLASH, 191},
-    {SDLK_BACKQUOTE, 192},
-    {SDLK_LEFTBRACKET, 219},
-    {SDLK_BACKSLASH, 220},
-    {SDLK_RIGHTBRACKET, 221},
-    {SDLK_QUOTE, 222},
+    {SDLK_BACKSPACE, keys::backspace},
+    {SDLK_TAB, keys::tab},
+    {SDLK_RETURN, keys::enter},
+    {SDLK_PAUSE, keys::pause},
+    {SDLK_CAPSLOCK, keys::caps_lock},
+    {SDLK_ESCAPE, keys::escape},
+    {SDLK_SPACE, keys::space},
+    {SDLK_PAGEUP, keys::page_up},
+    {SDLK_PAGEDOWN, keys::page_down},
+    {SDLK_END, keys::end},
+    {SDLK_HOME, keys::home},
+    {SDLK_LEFT, keys::left},
+    {SDLK_UP, keys::up},
+    {SDLK_RIGHT, keys::right},
+    {SDLK_DOWN, keys::down},
+    {SDLK_PRINTSCREEN, keys::print_screen},
+    {SDLK_INSERT, keys::insert},
+    {SDLK_DELETE, keys::delete_key},
+    {SDLK_LSHIFT, keys::shift},
+    {SDLK_RSHIFT, keys::shift},
+    {SDLK_LCTRL, keys::control},
+    {SDLK_RCTRL, keys::control},
+    {SDLK_LALT, keys::alt},
+    {SDLK_RALT, keys::alt},
+    {SDLK_MODE, keys::alt},
+    {SDLK_LGUI, keys::left_super},
+    {SDLK_RGUI, keys::right_super},
+    {SDLK_APPLICATION, keys::menu},
+    {SDLK_MENU, keys::menu},
+    {SDLK_NUMLOCKCLEAR, keys::num_lock},
+    {SDLK_SCROLLLOCK, keys::scroll_lock},
+    {SDLK_SEMICOLON, keys::semicolon},
+    {SDLK_EQUALS, keys::equals},
+    {SDLK_COMMA, keys::comma},
+    {SDLK_MINUS, keys::hyphen},
+    {SDLK_PERIOD, keys::full_stop},
+    {SDLK_SLASH, keys::slash},
+    {SDLK_BACKQUOTE, keys::grave_accent},
+    {SDLK_LEFTBRACKET, keys::left_bracket},
+    {SDLK_BACKSLASH, keys::backslash},
+    {SDLK_RIGHTBRACKET, keys::right_bracket},
+    {SDLK_QUOTE, keys::apostrophe},
 };
 
 // What the US layout puts where a sign may stand; the keys that are not here mean the same on
@@ -130,9 +130,9 @@ int LookUp(const Row (&rows)[n], int key) {
 
 /// Virtual-key code of a keycode, or 0.
 int CodeOfMeaning(int keycode) {
-    if (keycode >= SDLK_a && keycode <= SDLK_z) return keycode - SDLK_a + 65;
-    if (keycode >= SDLK_F1 && keycode <= SDLK_F12) return keycode - SDLK_F1 + 112;
-    if (keycode >= SDLK_F13 && keycode <= SDLK_F24) return keycode - SDLK_F13 + 124;
+    if (keycode >= SDLK_a && keycode <= SDLK_z) return keycode - SDLK_a + 'A';
+    if (keycode >= SDLK_F1 && keycode <= SDLK_F12) return keycode - SDLK_F1 + keys::f1;
+    if (keycode >= SDLK_F13 && keycode <= SDLK_F24) return keycode - SDLK_F13 + keys::f1 + 12;
     return LookUp(meanings, keycode);
 }
 
@@ -159,8 +159,8 @@ int VirtualKeyCode(const KeyPress& key) {
 }
 
 bool IsModifier(int virtual_key_code) {
-    return (virtual_key_code >= 16 && virtual_key_code <= 18) || virtual_key_code == 91 ||
-           virtual_key_code == 92;
+    return (virtual_key_code >= keys::shift && virtual_key_code <= keys::alt) ||
+           virtual_key_code == keys::left_super || virtual_key_code == keys::right_super;
 }
 
 }  // namespace tamlo
