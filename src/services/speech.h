@@ -6,7 +6,7 @@
 
 namespace tamlo {
 
-/// How `SpeechEngine::Speak` treats its text. The numbers are those of the speech service.
+/// How `SpeechEngine::Speak` treats its text.
 enum class SpeakFlags {
     wait = 0,   ///< speak behind what is queued; return when it has been spoken in full
     queue = 1,  ///< queue the text and return at once

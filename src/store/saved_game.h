@@ -13,7 +13,7 @@ struct SavedGame {
     int nhr = 0;     // 0 or more
     int nmt = 0;     // 0 to 59
     double nsd = 0;  // 0 to under 60
-    int npd = 0;     // 0 or more; missing in the oldest files
+    int npd = 0;     // 0 or more; a file may end before it
 };
 
 std::string EncodeSavedGame(const SavedGame& game);

@@ -1,5 +1,5 @@
-// Text from the player's files and from keys: UTF-8 in the program, Windows-1252 in old files and
-// key codes.
+// Text from the player's files and from keys: UTF-8 in the program, Windows-1252 in records, key
+// codes, and streets files that are not UTF-8.
 #pragma once
 
 #include <optional>

@@ -32,7 +32,7 @@ class LinePrinter {
 
     /// Prints one line; nothing if it is empty.
     void Print(std::string_view line);
-    /// Puts the cursor under the last line, for whoever prints next.
+    /// Puts the cursor under the last line, for what is printed next.
     void LeaveLine();
     /// Prints a text of several lines, whichever line ends it has.
     void PrintLines(std::string_view text);

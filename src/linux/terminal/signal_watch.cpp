@@ -75,7 +75,7 @@ void SignalWatch::Check() {
     char drained[64];
     while (::read(readable_.Number(), drained, sizeof drained) > 0) {
     }
-    // Kept, not taken: whoever swallowed the exception would meet it again.
+    // Kept, not taken: code that swallowed the exception would meet it again.
     if (end_signal != 0) throw EndOfProcess{0, ReasonOf(end_signal)};
 }
 
