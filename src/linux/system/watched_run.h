@@ -22,8 +22,7 @@ bool AsksToEnd(int signal);
 /// and idle. Both share the terminal. The parent passes SIGTERM, SIGINT, SIGHUP, SIGQUIT and
 /// SIGTSTP on, and stops when its child is stopped by the terminal. If the parent is killed, the
 /// child gets SIGTERM; if the child runs longer than `longest`, it is killed.
-/// For a debugger: with TAMLO_UNWATCHED in the environment, and where no process can be made,
-/// `program` runs in this one.
+/// Where no process can be made, `program` runs in this one.
 RunEnd RunWatched(const std::function<int()>& program,
                   std::chrono::seconds longest = std::chrono::hours(24 * 365));
 
