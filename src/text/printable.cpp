@@ -1,5 +1,7 @@
 #include "text/printable.h"
 
+#include <algorithm>
+
 #include "text/utf8.h"
 
 namespace tamlo {
@@ -24,6 +26,22 @@ std::string PrintableLine(std::string_view text) {
     const std::size_t first = line.find_first_not_of(' ');
     if (first == std::string::npos) return "";
     return line.substr(first, line.find_last_not_of(' ') - first + 1);
+}
+
+std::vector<std::string_view> BrokenAtWords(std::string_view line, std::size_t columns) {
+    std::vector<std::string_view> rows;
+    while (true) {
+        std::string_view row = columns == 0 ? line : FirstCharacters(line, columns);
+        if (row.size() < line.size() && line[row.size()] != ' ') {
+            const std::size_t blank = row.rfind(' ');
+            if (blank != row.npos) row = row.substr(0, blank);
+        }
+        line.remove_prefix(row.size());
+        line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+        while (row.ends_with(' ')) row.remove_suffix(1);
+        rows.push_back(row);
+        if (line.empty()) return rows;
+    }
 }
 
 std::string Quoted(std::string_view text) {

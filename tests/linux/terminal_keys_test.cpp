@@ -161,5 +161,24 @@ TEST(PrintedLinesTest, AreHarmless) {
     for (const Case& c : cases) EXPECT_EQ(PrintableLine(c.bytes), c.turns) << c.bytes;
 }
 
+TEST(PrintedLinesTest, BreakAtWords) {
+    using Rows = std::vector<std::string_view>;
+    const struct {
+        std::string_view line;
+        std::size_t columns;
+        Rows rows;
+    } cases[] = {
+        {"any length at all", 0, {"any length at all"}},
+        {"ten cells.", 10, {"ten cells."}},
+        {"ten cells and more", 10, {"ten cells", "and more"}},
+        {"ten  cells,  and  more", 10, {"ten", "cells,", "and  more"}},
+        {"a [tram, left to right]", 10, {"a [tram,", "left to", "right]"}},
+        {"unbreakable word", 5, {"unbre", "akabl", "e", "word"}},
+        {"\u00E9\u00E9\u00E9 \u00E9\u00E9\u00E9", 4, {"\u00E9\u00E9\u00E9", "\u00E9\u00E9\u00E9"}},
+        {"", 10, {""}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(BrokenAtWords(c.line, c.columns), c.rows) << c.line;
+}
+
 }  // namespace
 }  // namespace tamlo

@@ -207,7 +207,7 @@ TEST_F(TerminalTest, TheCursorRestsOnTheNewestLine) {
             game_.Number(), LinePrinter::WhenStuck::drop, [] {}, LinePrinter::Cursor::at_line);
         for (const char* line : {"one", "", "twice ten and one", "ten cells."}) printer.Print(line);
     }
-    const std::string expected = "one\r\r\ntwice ten and one\r\x1b[1A\r\n\r\nten cells.\r\r\n";
+    const std::string expected = "one\r\r\ntwice ten\r\nand one\r\x1b[1A\r\n\r\nten cells.\r\r\n";
     std::string printed;
     char byte = 0;  // a terminal passes on what is written in pieces
     while (printed.size() < expected.size() && ::read(player_.Number(), &byte, 1) == 1) {

@@ -9,10 +9,10 @@
 #include <cerrno>
 #include <climits>
 #include <utility>
+#include <vector>
 
 #include "services/end_of_process.h"
 #include "text/printable.h"
-#include "text/utf8.h"
 
 namespace tamlo {
 namespace {
@@ -29,11 +29,10 @@ Screen ScreenOf(int descriptor) {
     return {size.ws_col, size.ws_row};
 }
 
-/// How many rows of the screen a line takes, no more than there are.
-std::size_t RowsOf(std::string_view line, const Screen& screen) {
-    if (screen.columns == 0) return 1;
-    const std::size_t rows = (CountCharacters(line) + screen.columns - 1) / screen.columns;
-    return std::clamp<std::size_t>(rows, 1, std::max<std::size_t>(screen.rows, 1));
+std::string Joined(const std::vector<std::string_view>& rows) {
+    std::string text;
+    for (const std::string_view row : rows) text += (text.empty() ? "" : "\n") + std::string(row);
+    return text;
 }
 
 std::string UpTo(std::size_t rows) {
@@ -56,12 +55,14 @@ LinePrinter::~LinePrinter() {
 
 void LinePrinter::Print(std::string_view line) {
     if (line.empty()) return;
+    const Screen screen = ScreenOf(descriptor_);
+    const std::vector<std::string_view> broken = BrokenAtWords(line, screen.columns);
     if (cursor_ == Cursor::below) {
-        Write(std::string(line) + '\n');
+        Write(Joined(broken) + '\n');
         return;
     }
-    const std::size_t rows = RowsOf(line, ScreenOf(descriptor_));
-    if (Write(std::string(rows_above_, '\n') + std::string(line) + '\r' + UpTo(rows - 1))) {
+    const std::size_t rows = std::min(broken.size(), std::max<std::size_t>(screen.rows, 1));
+    if (Write(std::string(rows_above_, '\n') + Joined(broken) + '\r' + UpTo(rows - 1))) {
         rows_above_ = rows;
     }
 }

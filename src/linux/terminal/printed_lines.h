@@ -30,7 +30,7 @@ class LinePrinter {
     LinePrinter& operator=(const LinePrinter&) = delete;
     ~LinePrinter();
 
-    /// Prints one line; nothing if it is empty.
+    /// Prints one line; nothing if it is empty. A terminal gets it broken at words.
     void Print(std::string_view line);
     /// Puts the cursor under the last line, for what is printed next.
     void LeaveLine();
