@@ -204,11 +204,12 @@ class ScriptReader {
     }
 
     std::string ReadSet(Words& words) {
-        if (words.size() != 2) return "set takes a field and a value";
-        if (std::string error = checks_.why_not_set(words[0], words[1]); !error.empty()) {
-            return error;
+        if (words.empty() || words.size() % 2 != 0) return "set takes fields, each with a value";
+        for (std::size_t i = 0; i < words.size(); i += 2) {
+            std::string error = checks_.why_not_set(words[i], words[i + 1]);
+            if (!error.empty()) return error;
+            AddStep(Step::Kind::set).words = {words[i], words[i + 1]};
         }
-        AddStep(Step::Kind::set).words = std::move(words);
         return "";
     }
 

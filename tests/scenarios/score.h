@@ -1,4 +1,4 @@
-// A performance as a score: what is heard, and after which pause.
+// A performance as a score: what is heard, after which pause, and what is logged.
 #pragma once
 
 #include <cmath>
@@ -64,13 +64,12 @@ inline Moment MomentAt(const std::vector<TraceLine>& lines, std::size_t at) {
     return {event};
 }
 
-/// One line a moment, with the seconds since the end of what came before if there are any. What
-/// only prepares a sound is left out: its `play` tells its volume, pan and frequency. A movement in
-/// even steps is one event, and so is a key's echo, a little faster than other speech.
+/// A line for what follows without a pause, with the seconds since the end of what came before.
+/// What only prepares a sound is left out: its `play` tells its volume, pan and frequency. A
+/// movement in even steps is one event, and so is a key's echo, a little faster than other speech.
 inline std::string Score(const Performance& run) {
     std::string score;
     double end = 0;
-    double held = 0;
     const auto& lines = run.lines;
     std::size_t next = 0;
     for (std::size_t i = 0; i < lines.size(); i = next) {
@@ -80,12 +79,31 @@ inline std::string Score(const Performance& run) {
         char pause[32] = "";
         const double seconds = lines[i].seconds - end;
         if (std::abs(seconds) > 0.001) std::snprintf(pause, sizeof pause, "+%.2f ", seconds);
-        const bool same_moment = *pause == '\0' && held == 0;
-        score += (score.empty() ? "" : same_moment ? " | " : "\n") + (pause + moment.event);
-        held = Held(lines[next - 1]);
-        end = lines[next - 1].seconds + held;
+        score += (score.empty() ? "" : *pause == '\0' ? " | " : "\n") + (pause + moment.event);
+        end = lines[next - 1].seconds + Held(lines[next - 1]);
     }
     return score + "\n";
+}
+
+/// The score with the lines of the log: a text that is spoken and logged is marked, what is only
+/// logged stands at the end of the line of what was logged before it.
+inline std::string WithLog(std::string score, std::string_view log) {
+    std::size_t at = 0;
+    while (!log.empty()) {
+        const std::size_t end = std::min(log.find("\r\n"), log.size());
+        const std::string line(log.substr(0, end));
+        log.remove_prefix(std::min(end + 2, log.size()));
+        const std::string spoken = '"' + line + '"';
+        if (const std::size_t found = score.find(spoken, at); found != score.npos) {
+            at = found + spoken.size();
+            score.insert(at, " (logged)");
+        } else {
+            at = score.find('\n', at);
+            score.insert(at, " | log " + spoken);
+            at += 7 + spoken.size();
+        }
+    }
+    return score;
 }
 
 }  // namespace tamlo
