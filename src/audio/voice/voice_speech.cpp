@@ -21,10 +21,10 @@ constexpr std::size_t most_threads = 4;
 
 }  // namespace
 
-/// Whatever stream is the present worker's.
+/// The stream of the present worker.
 class VoiceSpeech::PresentStream : public Source {
   public:
-    /// The bell is for one stream at a time, and of one thread: the game's.
+    /// The bell is for one stream at a time. For the game's thread, as RingOnChange.
     void Follow(SpeechStream& stream) {
         if (SpeechStream* before = stream_; before != nullptr) before->RingOnChange(nullptr);
         stream.RingOnChange(bell_);
@@ -55,43 +55,40 @@ struct VoiceSpeech::Shared {
         stream.Follow(threads.back()->Worker().stream);
     }
 
-    /// The worker for whatever comes next.
-    VoiceWorker& Worker();
+    /// Where the synthesizer hangs, another worker takes its place, with the texts that wait.
+    void ReplaceHungWorker();
+    VoiceWorker& Worker() const { return threads.back()->Worker(); }
     int Voices();
-    void Speak(Utterance utterance);
+    /// Hands a text to the worker; shows it if it won't be spoken.
+    void Submit(Utterance utterance);
 
     SpeechHooks hooks;
     SynthesizerMaker make;
     const std::chrono::milliseconds longest_silence;
-    /// The last one works. Those before were left behind, but whoever pulls may still be in one's
-    /// stream.
+    /// The last one works. Those before were left behind, and are kept: the audio thread may still
+    /// read their streams.
     std::vector<std::unique_ptr<VoiceThread>> threads;
     PresentStream stream;
     const Engine* speaker = nullptr;  ///< who spoke last
 
   private:
-    void Renew();
     void Replace(std::unique_ptr<Synthesizer> synthesizer, Onset onset);
 
     int voices_ = -1;  ///< once counted
 };
 
-VoiceWorker& VoiceSpeech::Shared::Worker() {
-    if (threads.back()->Worker().SilentFor(longest_silence)) Renew();
-    return threads.back()->Worker();
-}
-
-void VoiceSpeech::Shared::Renew() {
-    const VoiceWorker::Remains remains = threads.back()->Worker().GiveUp();
+void VoiceSpeech::Shared::ReplaceHungWorker() {
+    if (!Worker().SilentFor(longest_silence)) return;
+    const VoiceWorker::Remains remains = Worker().GiveUp();
     if (threads.size() < most_threads) Replace(make(), Onset::cut);
     if (remains.in_work && hooks.unspoken) hooks.unspoken(*remains.in_work);
-    for (const Utterance& utterance : remains.waiting) Speak(utterance);
+    for (const Utterance& utterance : remains.waiting) Submit(utterance);
 }
 
 void VoiceSpeech::Shared::Replace(std::unique_ptr<Synthesizer> synthesizer, Onset onset) {
     VoiceThread& old = *threads.back();
     threads.push_back(std::make_unique<VoiceThread>(std::move(synthesizer), onset));
-    SpeechStream& fresh = threads.back()->Worker().stream;
+    SpeechStream& fresh = Worker().stream;
     fresh.SetGain(old.Worker().stream.Gain());
     stream.Follow(fresh);
     old.LeaveBehind();
@@ -99,7 +96,7 @@ void VoiceSpeech::Shared::Replace(std::unique_ptr<Synthesizer> synthesizer, Onse
 
 int VoiceSpeech::Shared::Voices() {
     if (voices_ >= 0) return voices_;
-    voices_ = threads.back()->Worker().Voices();
+    voices_ = Worker().Voices();
     if (voices_ == 0 && hooks.silent) {
         Replace(MakeSilence(), Onset::kept);
         voices_ = 1;
@@ -108,9 +105,10 @@ int VoiceSpeech::Shared::Voices() {
     return voices_;
 }
 
-void VoiceSpeech::Shared::Speak(Utterance utterance) {
+void VoiceSpeech::Shared::Submit(Utterance utterance) {
+    ReplaceHungWorker();
     const std::string text = utterance.text;
-    if (!Worker().Speak(std::move(utterance)) && hooks.unspoken) hooks.unspoken(text);
+    if (!Worker().Queue(std::move(utterance)) && hooks.unspoken) hooks.unspoken(text);
 }
 
 class VoiceSpeech::Engine : public SpeechEngine {
@@ -124,6 +122,7 @@ class VoiceSpeech::Engine : public SpeechEngine {
 
     void Speak(std::string_view text, SpeakFlags flags) override;
     RunningState Status() const override {
+        shared_.ReplaceHungWorker();
         return shared_.Worker().Speaking() ? RunningState::speaking : RunningState::done;
     }
     double SecondsLeft() const override;
@@ -142,11 +141,15 @@ class VoiceSpeech::Engine : public SpeechEngine {
     void SetVoice(int index) override {
         if (index < 0 || index >= GetVoicesCount() || index == voice_) return;
         voice_ = index;
-        shared_.Worker().Speak({"", rate_, voice_});  // Silent, and the voice is made ready.
+        shared_.ReplaceHungWorker();
+        shared_.Worker().Queue({"", rate_, voice_});  // Silent, and the voice is made ready.
     }
 
   private:
-    void Purge() { shared_.Worker().Drop(); }
+    void Purge() {
+        shared_.ReplaceHungWorker();
+        shared_.Worker().Drop();
+    }
     void ApplyVolume() { shared_.Worker().stream.SetGain(static_cast<float>(volume_) / 100.0F); }
     void Wait();
 
@@ -164,13 +167,13 @@ void VoiceSpeech::Engine::Speak(std::string_view text, SpeakFlags flags) {
     if (shared_.hooks.spoken) shared_.hooks.spoken(text);
     shared_.speaker = this;
     ApplyVolume();
-    shared_.Speak({std::string(text), rate_, voice_});
+    shared_.Submit({std::string(text), rate_, voice_});
     if (flags == SpeakFlags::wait) Wait();
 }
 
 void VoiceSpeech::Engine::Wait() {
     try {
-        while (shared_.Worker().Speaking()) {
+        while (Status() == RunningState::speaking) {
             shared_.Worker().stream.ended.SleepFor(patience_interval);
             if (shared_.hooks.patience) shared_.hooks.patience();
         }
@@ -181,6 +184,7 @@ void VoiceSpeech::Engine::Wait() {
 }
 
 double VoiceSpeech::Engine::SecondsLeft() const {
+    shared_.ReplaceHungWorker();
     VoiceWorker& worker = shared_.Worker();
     bool coming = worker.SamplesComing();
     double queued = static_cast<double>(worker.stream.Left()) / stream_rate;
@@ -202,6 +206,7 @@ Source& VoiceSpeech::Stream() {
 }
 
 bool VoiceSpeech::SamplesComing() const {
+    shared_->ReplaceHungWorker();
     return shared_->Worker().SamplesComing();
 }
 

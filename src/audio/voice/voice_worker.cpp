@@ -1,8 +1,7 @@
 #include "audio/voice/voice_worker.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
+#include <utility>
 
 #include "audio/voice/wording.h"
 #include "services/thread.h"
@@ -14,13 +13,6 @@ using namespace std::chrono_literals;
 
 constexpr auto longest_opening = 3s;
 constexpr auto longest_stop = 1s;
-/// Texts that nobody has heard are said again when somebody hears: the last, not all of a long
-/// time.
-constexpr std::size_t most_unheard = 8;
-/// -50 dB of full scale: what is softer at the start of a text only delays it.
-constexpr float audible = 0.00316F;
-/// Between texts queued one behind the other, which would run together; none behind the last.
-constexpr std::array<float, stream_rate * 130 / 1000> pause{};
 
 }  // namespace
 
@@ -36,24 +28,15 @@ int VoiceWorker::Voices() {
     return std::max(voices_.load(), 0);
 }
 
-bool VoiceWorker::Speak(Utterance utterance) {
+bool VoiceWorker::Queue(Utterance utterance) {
     {
         std::lock_guard lock(mutex_);
         if (given_up_ || stop_ || voices_ == 0) return false;
-        ForgetHeard();
-        texts_.push_back({std::move(utterance), {}});
+        texts_.ForgetHeard(stream.HeardUpTo());
+        texts_.Add(std::move(utterance));
     }
     stream.woken.Ring();
     return true;
-}
-
-void VoiceWorker::ForgetHeard() {
-    const std::uint64_t heard = stream.HeardUpTo();
-    while (begun_ > 0 && texts_.front().end &&
-           (*texts_.front().end <= heard || begun_ > most_unheard)) {
-        texts_.pop_front();
-        --begun_;
-    }
 }
 
 void VoiceWorker::Drop() {
@@ -66,14 +49,13 @@ void VoiceWorker::Drop() {
 
 void VoiceWorker::DropLocked() {
     ++generation_;
-    texts_.clear();
-    begun_ = 0;
+    texts_.Clear();
     stream.Drop();
 }
 
 bool VoiceWorker::WantedLocked() const {
-    const bool to_say_again = stream.Returned() && begun_ > 0;
-    return begun_ < texts_.size() || at_work_on_ == generation_ || to_say_again;
+    const bool to_say_again = stream.Returned() && texts_.Begun();
+    return texts_.Waiting() || at_work_on_ == generation_ || to_say_again;
 }
 
 bool VoiceWorker::SamplesComing() {
@@ -97,10 +79,8 @@ bool VoiceWorker::SilentFor(std::chrono::milliseconds time) {
 VoiceWorker::Remains VoiceWorker::GiveUp() {
     std::lock_guard lock(mutex_);
     Remains remains;
-    if (at_work_on_ == generation_) remains.in_work = texts_[begun_ - 1].utterance.text;
-    for (; begun_ < texts_.size(); ++begun_) {
-        remains.waiting.push_back(std::move(texts_[begun_].utterance));
-    }
+    if (at_work_on_ == generation_) remains.in_work = texts_.Current().text;
+    remains.waiting = texts_.TakeWaiting();
     DropLocked();
     given_up_ = true;
     return remains;
@@ -140,7 +120,7 @@ void VoiceWorker::Run() {
         Synthesize(job);
         {
             std::lock_guard lock(mutex_);
-            if (at_work_on_ == generation_) texts_[begun_ - 1].end = stream.Written();
+            if (at_work_on_ == generation_) texts_.EndCurrent(stream.Written());
             at_work_on_ = 0;
             given_up_ = false;
         }
@@ -156,8 +136,8 @@ bool VoiceWorker::TakeJob(Job& job) {
         std::lock_guard lock(mutex_);
         if (stop_) return false;
         SayAgain();
-        if (begun_ == texts_.size()) continue;
-        job = {texts_[begun_++].utterance, generation_};
+        if (!texts_.Waiting()) continue;
+        job = {texts_.Begin(), generation_};
         at_work_on_ = job.generation;
         Progress();
         return true;
@@ -166,12 +146,11 @@ bool VoiceWorker::TakeJob(Job& job) {
 
 // Whatever has gone unheard since the last purge belongs to where the game still is.
 void VoiceWorker::SayAgain() {
-    ForgetHeard();
-    if (!stream.TakeReturn() || begun_ == 0) return;
+    texts_.ForgetHeard(stream.HeardUpTo());
+    if (!stream.TakeReturn() || !texts_.Begun()) return;
     ++generation_;
     stream.Drop();
-    begun_ = 0;
-    for (Text& text : texts_) text.end.reset();
+    texts_.StartOver();
 }
 
 void VoiceWorker::Synthesize(const Job& job) {
@@ -184,33 +163,19 @@ void VoiceWorker::Synthesize(const Job& job) {
         return;
     }
 
-    Resampler resampler(synthesizer_->Rate(utterance.voice));
-    onset_found_ = onset_ == Onset::kept;
+    SpeechDelivery delivery(
+        synthesizer_->Rate(utterance.voice), onset_,
+        {.put = [&](std::span<const float> samples) { return PutAll(samples, job.generation); },
+         .sounding = [&] { return stream.Left() > 0; }});
     synthesizer_->Synthesize(utterance, [&](std::span<const std::int16_t> made) {
         Progress();
-        samples_.clear();
-        resampler.Process(made.data(), made.size(), samples_);
-        return Deliver(samples_, job.generation);
+        return delivery.Take(made);
     });
-    samples_.clear();
-    resampler.Finish(samples_);
-    Deliver(samples_, job.generation);
-}
-
-bool VoiceWorker::Deliver(std::span<const float> samples, std::uint64_t generation) {
-    if (!IsCurrent(generation)) return false;
-    if (!onset_found_) {
-        auto onset = std::find_if(samples.begin(), samples.end(),
-                                  [](float sample) { return std::abs(sample) > audible; });
-        if (onset == samples.end()) return true;
-        onset_found_ = true;
-        samples = {onset, samples.end()};
-        if (stream.Left() > 0 && !PutAll(pause, generation)) return false;
-    }
-    return PutAll(samples, generation);
+    delivery.Finish();
 }
 
 bool VoiceWorker::PutAll(std::span<const float> samples, std::uint64_t generation) {
+    if (!IsCurrent(generation)) return false;
     while (!samples.empty()) {
         if (!WaitForRoom(generation)) return false;
         auto count = std::min(samples.size(), static_cast<std::size_t>(stream.Room()));

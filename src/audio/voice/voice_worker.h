@@ -1,11 +1,10 @@
-// The voice's thread: it alone calls the synthesizer, takes the texts in turn and fills the
-// speech stream, ahead of what is heard.
+// The voice's thread: it alone calls the synthesizer, takes the texts in turn and fills the speech
+// stream, ahead of what is heard.
 #pragma once
 
 #include <atomic>
 #include <chrono>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -14,17 +13,12 @@
 #include <thread>
 #include <vector>
 
-#include "audio/mixing/sinc.h"
+#include "audio/voice/speech_delivery.h"
 #include "audio/voice/speech_stream.h"
 #include "audio/voice/synthesizer.h"
+#include "audio/voice/text_queue.h"
 
 namespace tamlo {
-
-/// What becomes of the silence at the start of texts.
-enum class Onset {
-    cut,   ///< it only delays them
-    kept,  ///< they are nothing else
-};
 
 /// What the game's thread and the voice's share. Every purge begins a new generation: what the
 /// thread makes for an older one is thrown away, so that a purge waits for nothing.
@@ -40,7 +34,8 @@ class VoiceWorker {
     int Voices();
     /// Queues a text. Any text: it is cleaned and worded on the voice's thread. False if it will
     /// not be spoken: there are no voices, or they have been given up.
-    bool Speak(Utterance utterance);
+    bool Queue(Utterance utterance);
+    /// Forgets all texts and silences what is spoken.
     void Drop();
     /// Whether the synthesizer has owed a sign of life for so long.
     bool SilentFor(std::chrono::milliseconds time);
@@ -79,27 +74,18 @@ class VoiceWorker {
         Utterance utterance;
         std::uint64_t generation = 0;
     };
-    /// A text that has not been heard to its end for certain.
-    struct Text {
-        Utterance utterance;
-        std::optional<std::uint64_t> end;  ///< in the stream, once its last sample is there
-    };
-
     void DropLocked();
-    void ForgetHeard();
     bool WantedLocked() const;
     bool TakeJob(Job& job);
     void SayAgain();
     void Synthesize(const Job& job);
-    bool Deliver(std::span<const float> samples, std::uint64_t generation);
     bool PutAll(std::span<const float> samples, std::uint64_t generation);
     bool WaitForRoom(std::uint64_t generation);
     bool IsCurrent(std::uint64_t generation) const { return generation_.load() == generation; }
     void Progress();
 
     std::mutex mutex_;  ///< never held while anything is synthesized or waited for
-    std::deque<Text> texts_;
-    std::size_t begun_ = 0;  ///< so many texts, the first, are spoken or being spoken
+    TextQueue texts_;
     std::atomic<std::uint64_t> generation_{1};  ///< changed under the mutex
     std::uint64_t at_work_on_ = 0;              ///< generation of the text in work, or 0
     bool given_up_ = false;                     ///< until the synthesizer answers again
@@ -115,8 +101,6 @@ class VoiceWorker {
     // The voice's thread's own.
     std::unique_ptr<Synthesizer> synthesizer_;
     const Onset onset_;
-    std::vector<float> samples_;
-    bool onset_found_ = false;  ///< the text in work has come to its first audible sample
 };
 
 /// A VoiceWorker and its thread, which is left to itself if it cannot be stopped.
