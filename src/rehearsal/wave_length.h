@@ -13,7 +13,7 @@ struct WaveLength {
 };
 
 /// Reads the header of a seekable stream. Nothing if it holds no wave file that the game could
-/// play: PCM with 8 or 16 bits, mono or stereo.
+/// play (see FindSound).
 std::optional<WaveLength> ReadWaveLength(std::istream& file);
 
 }  // namespace tamlo

@@ -3,12 +3,14 @@
 #include "audio/mixing/wave_file.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace tamlo {
 namespace {
 
 constexpr unsigned format_pcm = 1;
 constexpr unsigned format_extensible = 0xFFFE;  // the true format stands 24 bytes into the chunk
+constexpr std::size_t longest_format = 40;
 constexpr unsigned lowest_rate = 100;
 constexpr unsigned highest_rate = 200000;
 
@@ -24,66 +26,65 @@ std::uint32_t Long(std::string_view bytes, std::size_t at) {
     return Word(bytes, at) | Word(bytes, at + 2) << 16U;
 }
 
-struct Format {
-    unsigned channels = 0;
-    unsigned rate = 0;
-    unsigned bits = 0;
-
-    std::size_t FrameBytes() const { return std::size_t{channels} * bits / 8; }
-};
-
-std::optional<Format> ReadFormat(std::string_view chunk) {
+/// The format, without the place of the sound.
+std::optional<WaveLayout> ReadFormat(std::string_view chunk) {
     if (chunk.size() < 16) return std::nullopt;
     unsigned kind = Word(chunk, 0);
     if (kind == format_extensible && chunk.size() >= 26) kind = Word(chunk, 24);
-    const Format format{Word(chunk, 2), Long(chunk, 4), Word(chunk, 14)};
-    const bool usable = kind == format_pcm && (format.channels == 1 || format.channels == 2) &&
-                        (format.bits == 8 || format.bits == 16) && format.rate >= lowest_rate &&
-                        format.rate <= highest_rate && Word(chunk, 12) == format.FrameBytes();
+    const unsigned channels = Word(chunk, 2);
+    const std::uint32_t rate = Long(chunk, 4);
+    const unsigned bits = Word(chunk, 14);
+    const bool usable = kind == format_pcm && (channels == 1 || channels == 2) &&
+                        (bits == 8 || bits == 16) && rate >= lowest_rate && rate <= highest_rate &&
+                        Word(chunk, 12) == channels * bits / 8;
     if (!usable) return std::nullopt;
-    return format;
-}
-
-WaveData Decode(std::string_view data, const Format& format) {
-    WaveData wave;
-    wave.rate = static_cast<int>(format.rate);
-    wave.channels = static_cast<int>(format.channels);
-    data = data.substr(0, data.size() - data.size() % format.FrameBytes());
-    const std::size_t step = format.bits / 8;
-    wave.samples.resize(data.size() / step);
-    for (std::size_t i = 0; i < wave.samples.size(); ++i) {
-        // 8-bit samples are unsigned, 16-bit samples signed.
-        wave.samples[i] =
-            step == 1 ? static_cast<std::int16_t>((static_cast<int>(Byte(data, i)) - 128) * 256)
-                      : static_cast<std::int16_t>(Word(data, 2 * i));
-    }
-    return wave;
+    return WaveLayout{static_cast<int>(rate), static_cast<int>(channels), static_cast<int>(bits)};
 }
 
 }  // namespace
 
-std::optional<WaveData> ReadWave(std::string_view bytes) {
-    if (bytes.size() < 12 || bytes.substr(0, 4) != "RIFF" || bytes.substr(8, 4) != "WAVE") {
-        return std::nullopt;
-    }
-    std::optional<Format> format;
-    std::string_view rest = bytes.substr(12);
-    while (rest.size() >= 8) {
-        const std::string_view id = rest.substr(0, 4);
-        const std::uint32_t stated = Long(rest, 4);
-        const std::string_view chunk = rest.substr(8, stated);
-        if (id == "fmt ") {
-            format = ReadFormat(chunk);
-            if (!format) return std::nullopt;
-        } else if (id == "data") {
-            if (!format) return std::nullopt;
-            return Decode(chunk, *format);
+std::optional<WaveLayout> FindSound(std::uint64_t size, const ReadBytes& read) {
+    const std::string_view head = read(0, 12);
+    if (head.size() < 12 || !head.starts_with("RIFF") || !head.ends_with("WAVE")) return {};
+    std::optional<WaveLayout> found;
+    for (std::uint64_t at = 12; at + 8 <= size;) {
+        const std::string_view chunk = read(at, 8);
+        if (chunk.size() < 8) return {};
+        const bool is_format = chunk.starts_with("fmt ");
+        const bool is_data = chunk.starts_with("data");
+        const std::uint64_t stated = Long(chunk, 4);
+        at += 8;
+        if (is_format) {
+            found = ReadFormat(read(at, std::min<std::uint64_t>(stated, longest_format)));
+            if (!found) return {};
+        } else if (is_data) {
+            if (!found) return {};
+            found->begin = at;
+            const auto bytes = static_cast<std::int64_t>(std::min(stated, size - at));
+            found->frames = bytes / found->FrameBytes();
+            return found;
         }
-        // Chunks begin at even offsets.
-        const std::uint64_t length = std::uint64_t{8} + stated + stated % 2;
-        rest.remove_prefix(static_cast<std::size_t>(std::min<std::uint64_t>(rest.size(), length)));
+        at += stated + stated % 2;  // chunks begin at even offsets
     }
-    return std::nullopt;
+    return {};
+}
+
+std::optional<WaveData> ReadWave(std::string_view bytes) {
+    const auto layout = FindSound(bytes.size(), [bytes](std::uint64_t offset, std::size_t count) {
+        return bytes.substr(static_cast<std::size_t>(offset), count);
+    });
+    if (!layout) return std::nullopt;
+    const std::string_view data = bytes.substr(static_cast<std::size_t>(layout->begin));
+    WaveData wave{layout->rate, layout->channels, {}};
+    wave.samples.resize(static_cast<std::size_t>(layout->frames * layout->channels));
+    for (std::size_t i = 0; i < wave.samples.size(); ++i) {
+        // 8-bit samples are unsigned, 16-bit samples signed.
+        wave.samples[i] =
+            layout->bits == 8
+                ? static_cast<std::int16_t>((static_cast<int>(Byte(data, i)) - 128) * 256)
+                : static_cast<std::int16_t>(Word(data, 2 * i));
+    }
+    return wave;
 }
 
 }  // namespace tamlo
