@@ -51,6 +51,41 @@ void CheckText(std::string_view bytes, Findings& findings) {
     }
 }
 
+/// Whether the voices, which speak English, may have no sound for a letter: those beyond Latin
+/// ones.
+bool IsForeign(char32_t code) {
+    constexpr char32_t past_latin = 0x250;
+    const bool more_latin = code >= 0x1E00 && code < 0x1F00;
+    const bool marks = code >= 0x2000 && code < 0x2C00;  // punctuation, currencies, signs
+    return code >= past_latin && !more_latin && !marks;
+}
+
+bool HasForeignLetters(std::string_view name) {
+    while (!name.empty()) {
+        if (IsForeign(DecodeCharacter(name).code)) return true;
+        name.remove_prefix(FirstCharacter(name));
+    }
+    return false;
+}
+
+/// One finding for all the names: a city in another alphabet has 147.
+void CheckLetters(const std::vector<StreetField>& fields, Findings& findings) {
+    int count = 0;
+    std::string told;
+    for (std::size_t i = 0; i < fields.size() && i < std::size_t{names_in_a_city}; ++i) {
+        if (!HasForeignLetters(fields[i].name) || ++count > 1) continue;
+        told = "Line " + std::to_string(fields[i].line) + ", " +
+               PlaceOfName(static_cast<int>(i) + 1) + ", " + Shown(fields[i].name);
+    }
+    if (count == 0) return;
+    if (count > 1)
+        told += ", and " + std::to_string(count - 1) + " more names, have";
+    else
+        told += ", has";
+    findings.push_back({Weight::hint, told + " letters that the voices, which speak English, may "
+                                             "not read. Listen to them with tamlo-city say."});
+}
+
 void CheckCount(const std::vector<StreetField>& fields, Findings& findings) {
     const int count = static_cast<int>(fields.size());
     if (count < names_in_a_city) {
@@ -63,7 +98,7 @@ void CheckCount(const std::vector<StreetField>& fields, Findings& findings) {
         if (Folded(field.name).empty()) continue;
         findings.push_back({Weight::hint, "Line " + std::to_string(field.line) + ", " +
                                               Shown(field.name) +
-                                              ", and what follows stand behind the last name and "
+                                              ", and what follows stand after the last name and "
                                               "are not read."});
         return;
     }
@@ -96,7 +131,7 @@ void CheckName(const StreetField& field, int number, bool first_of_line, const P
     }
     if (!first_of_line) {
         findings.push_back({Weight::hint, line + ", " + Shown(field.name) +
-                                              ", stands behind a comma, which ends a name. A name "
+                                              ", stands after a comma, which ends a name. A name "
                                               "with a comma needs double quotes."});
     }
 }
@@ -156,6 +191,7 @@ std::vector<CityFinding> CheckCity(std::string_view bytes, const Pronounce& pron
                   findings);
         last_line = fields[i].line;
     }
+    CheckLetters(fields, findings);
     CheckAlike(fields, pronounce, findings);
     std::stable_partition(findings.begin(), findings.end(), [](const CityFinding& finding) {
         return finding.weight == Weight::error;

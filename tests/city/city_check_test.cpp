@@ -55,6 +55,8 @@ TEST(CityCheck, TellsWhatIsWrongAndWhere) {
         {With(46, "  "), "E Line 46, street 1, has no name."},
         {With(9, "redwood "), "E Line 9: road 9 has the name of road 5, \"redwood \"."},
         {With(3, "\"Sycamore"), "goes on over the end of its line"},
+        {With(3, "\u041B\u0435\u043D\u0438\u043D\u0430"),
+         "H Line 3, road 3, \"\u041B\u0435\u043D\u0438\u043D\u0430\", has letters that the voices"},
         {With(3, std::string(41, 'x')), "has 41 characters, and is heard"},
         {With(3, std::string(201, 'x')), "has 201 characters, of which 200 are spoken"},
         {With(9, "\" redwood \""), "E Line 9: road 9 has the name of road 5"},
@@ -63,10 +65,10 @@ TEST(CityCheck, TellsWhatIsWrongAndWhere) {
         {With(3, "Beech\x7FHill"), "\"Beech Hill\", holds a control character"},
         {With(3, "\"Beech\rHill\""), "goes on over the end of its line"},
         {With(3, "Rue Lib\xE9rale"), "H The text is not UTF-8"},
-        {With(147, "Last\nMore"), "H Line 148, \"More\", and what follows stand behind"},
+        {With(147, "Last\nMore"), "H Line 148, \"More\", and what follows stand after"},
         {With(4, "Spruce\x1A"), "E A byte 26 ends the file"},
         {With(4, "Spruce, old").erase(With(4, "Spruce, old").size() - 20),
-         "H Line 4, road 5, \"old\", stands behind a comma"},
+         "H Line 4, road 5, \"old\", stands after a comma"},
     };
     for (const auto& c : cases) {
         EXPECT_THAT(Told(c.bytes), testing::Contains(HasSubstr(c.told))) << c.told;

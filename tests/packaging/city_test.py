@@ -2,6 +2,7 @@
 
 import pathlib
 import re
+import resource
 import subprocess
 import sys
 import tempfile
@@ -56,6 +57,34 @@ class City(unittest.TestCase):
             told = self.run_city(*arguments, status=2, given=given)
             self.assertIn("tamlo-city", told)
         self.assertFalse(self.files.exists() and any(self.files.iterdir()))
+
+    def test_letters_that_the_voices_do_not_have_are_a_hint(self):
+        def name(number):
+            return "".join(chr(0x430 + int(digit)) for digit in str(number))
+        self.run_city("new", "Bay", given="\n".join(map(name, range(147))).encode())
+        told = self.run_city("check", "Bay")
+        self.assertRegex(told, "Line 1, .* and 146 more names, have letters that the voices")
+        self.assertIn("can be played", told)
+
+    def test_a_list_without_end_is_refused(self):
+        with open("/dev/zero", "rb") as endless:
+            done = subprocess.run([BUILD / "tools/tamlo-city", "new", "Bay"], stdin=endless,
+                                  capture_output=True, text=True, timeout=30, check=False,
+                                  env={"HOME": str(self.home)}, preexec_fn=lambda:
+                                  resource.setrlimit(resource.RLIMIT_AS, (1 << 30, 1 << 30)))
+        self.assertEqual(done.returncode, 2, done)
+        self.assertIn("too long", done.stderr)
+
+    def test_a_city_can_not_command_the_terminal(self):
+        lines = EXAMPLES[0].read_bytes().splitlines()
+        lines[3] = lines[8] = b"\x1b[2JOak"
+        evil = self.home / "\x1b[2Jtamlostreets.txt"
+        evil.write_bytes(b"\n".join(lines))
+        for command in ("check", "new"):
+            done = subprocess.run([BUILD / "tools/tamlo-city", command, evil], input=b"",
+                                  capture_output=True, env={"HOME": str(self.home)}, timeout=30,
+                                  check=False)
+            self.assertNotIn(b"\x1b", done.stdout + done.stderr)
 
     def test_the_map_names_every_street(self):
         for city in [*EXAMPLES, "original"]:

@@ -9,6 +9,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "app/sounds_folder.h"
@@ -24,6 +25,9 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int wrong_use = 2;
+
+const std::string usage =
+    "usage: tamlo-rehearse [--documents DIR] [--sounds DIR] [--cwd DIR] [SCRIPT]";
 
 /// What is wrong with the arguments or the script, for the line on standard error.
 struct WrongUse : std::runtime_error {
@@ -50,10 +54,7 @@ Arguments ReadArguments(int argc, char** argv) {
             if (++i == argc) throw WrongUse(argument + " needs a folder");
             *option = argv[i];
         } else if (script_given || (argument.starts_with('-') && argument != "-")) {
-            throw WrongUse(
-                "usage: tamlo-rehearse [--documents DIR] [--sounds DIR] [--cwd DIR] [SCRIPT]; "
-                "\"" +
-                argument + "\" is too much");
+            throw WrongUse(usage + "; \"" + argument + "\" is too much");
         } else {
             arguments.script = argument;
             script_given = true;
@@ -147,6 +148,9 @@ int main(int argc, char** argv) {
     // A reader that has seen enough must not keep the temporary folder from being removed.
     tamlo::IgnoreStraySignals();
     try {
+        if (argc == 2 && std::string_view(argv[1]) == "--help") {
+            return std::puts(tamlo::usage.c_str()) < 0 ? tamlo::wrong_use : 0;
+        }
         const int status = tamlo::Rehearse(tamlo::ReadArguments(argc, argv));
         if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
         std::cerr << "tamlo-rehearse: the trace can't be written\n";

@@ -1,11 +1,11 @@
 // tamlo-city: checks, makes, speaks and maps city streets files.
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <array>
 #include <cstdio>
 #include <exception>
 #include <iostream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -28,6 +28,7 @@ namespace {
 
 constexpr int city_is_wrong = 1;
 constexpr int wrong_use = 2;
+constexpr std::size_t longest_list = 1 << 20;  // bytes; 147 names are some thousands
 
 constexpr const char* usage =
     "usage: tamlo-city check FILE|NAME   tells what is wrong with a city\n"
@@ -75,6 +76,24 @@ std::vector<std::string> NamesOf(const std::string& name) {
     return names;
 }
 
+/// In a terminal broken at words; whatever is in a file or its name, no command to the terminal.
+void Print(const std::string& line) {
+    winsize screen = {};
+    ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &screen);
+    const std::string printable = PrintableLine(line);
+    for (const std::string_view row : BrokenAtWords(printable, screen.ws_col)) {
+        std::cout << row << "\n";
+    }
+}
+
+std::string ReadList() {
+    std::string list(longest_list + 1, '\0');
+    std::cin.read(list.data(), static_cast<std::streamsize>(list.size()));
+    list.resize(static_cast<std::size_t>(std::cin.gcount()));
+    if (list.size() > longest_list) throw Refused("the list is too long for the names of a city");
+    return list;
+}
+
 int Check(const std::string& name) {
     Pronounce pronounce;
     if (CanPronounce()) pronounce = Pronunciation;
@@ -83,16 +102,16 @@ int Check(const std::string& name) {
     for (const CityFinding& finding : findings) {
         const bool error = finding.weight == CityFinding::Weight::error;
         errors += error;
-        std::cout << (error ? "Error. " : "Hint. ") << finding.text << "\n";
+        Print((error ? "Error. " : "Hint. ") + finding.text);
     }
-    if (!pronounce) std::cout << "No voice is installed, so the sound of names was not compared.\n";
+    if (!pronounce) Print("No voice is installed, so the sound of names was not compared.");
     const std::size_t hints = findings.size() - static_cast<std::size_t>(errors);
     if (errors > 0) {
-        std::cout << name << " has to be mended. Errors: " << errors << ". Hints: " << hints
-                  << ".\n";
+        Print(name + " has to be mended. Errors: " + std::to_string(errors) +
+              ". Hints: " + std::to_string(hints) + ".");
         return city_is_wrong;
     }
-    std::cout << name << " can be played. Hints: " << hints << ".\n";
+    Print(name + " can be played. Hints: " + std::to_string(hints) + ".");
     return 0;
 }
 
@@ -105,7 +124,7 @@ int Make(const std::string& name) {
     if (::isatty(STDIN_FILENO) != 0) {
         std::cerr << "Type the 147 names, one a line. Control and D ends the list.\n";
     }
-    const std::string list{std::istreambuf_iterator<char>(std::cin), {}};
+    const std::string list = ReadList();
     std::vector<std::string> names;
     for (const StreetField& field : ReadStreetFields(list)) names.push_back(field.name);
     while (names.size() > names_in_a_city && names.back().empty()) names.pop_back();
@@ -123,7 +142,7 @@ int Make(const std::string& name) {
     const std::string path = folder.path + "/" + StreetsFileName(name);
     if (!files.FindFile(path).empty()) throw Refused(path + " is there already");
     if (!files.Replace(path, *text)) throw Refused(path + " can't be written");
-    std::cout << path << " has been made.\n";
+    Print(path + " has been made.");
     return 0;
 }
 
@@ -173,7 +192,7 @@ int main(int argc, char** argv) {
         if (std::cout.flush()) return status;
         std::cerr << "tamlo-city: the output can't be written\n";
     } catch (const std::exception& wrong) {
-        std::cerr << "tamlo-city: " << wrong.what() << "\n";
+        std::cerr << "tamlo-city: " << tamlo::PrintableLine(wrong.what()) << "\n";
     }
     return tamlo::wrong_use;
 }

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "app/arguments.h"
 #include "app/doctor/doctor.h"
 #include "app/sounds_folder.h"
 #include "audio/voice/voices.h"
@@ -69,6 +70,9 @@ int Run() {
 }  // namespace
 }  // namespace tamlo
 
-int main() {
+int main(int argc, char** argv) {
+    const auto answered =
+        tamlo::AnswerArguments(argc, argv, "tamlo-doctor", "check speech and sound");
+    if (answered) return *answered;
     return tamlo::Run();
 }
