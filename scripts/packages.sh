@@ -20,6 +20,3 @@ long_packages="clang-14 libclang-rt-14-dev llvm-14 valgrind"
 
 # Only scripts/mutations asks for this.
 mutating_packages="ninja-build"
-
-# Only packaging/packages and packaging/try ask for these.
-packing_packages="build-essential debhelper lintian mmdebstrap piuparts"

@@ -52,9 +52,14 @@ class MenuEntry(unittest.TestCase):
 
     def test_names_what_is_installed(self):
         entry = ENTRY.read_text()
+        installed = "".join(path.read_text() for path in PACKAGING.rglob("CMakeLists.txt"))
         for program in re.findall(r"^(?:Try)?Exec=(.*)$", entry, re.M):
-            self.assertIn(f"/{pathlib.Path(program).name}",
-                          (PACKAGING / "CMakeLists.txt").read_text(), program)
+            self.assertRegex(installed, rf"[/(]{pathlib.Path(program).name}\b", program)
+        self.assertEqual(set(re.search("^Actions=(.*);$", entry, re.M)[1].split(";")),
+                         {"sounds", "doctor", "manual"})
+        self.assertRegex(entry, "(?m)^Comment=.*arrow keys and Enter")
+        # What opens the manual, and the editor.
+        self.assertRegex((ROOT / "debian/control").read_text(), r"(Recommends|Depends):.*xdg-utils")
         icon = re.search(r"^Icon=(.*)$", entry, re.M)[1]
         self.assertTrue((PACKAGING / f"desktop/{icon}.svg").exists())
         described = xml.etree.ElementTree.parse(DESCRIPTION).getroot()
