@@ -71,11 +71,16 @@ def check_words(project, path):
                 yield f'{project.name(path)}:{number}: "{found[0]}": better {instead}'
 
 
-NOT_YET = re.compile(r"soundsmith/|tests/sound/")
+# Not yet reworded.
+NOT_YET = re.compile(r"src/|soundsmith/|tests/(sound|scenarios|rehearsed)|packaging/|bench/|ACCESS|"
+                     r"docs/(oddities|manual|performance|rehearsal)")
 
 
 def check(project):
     for path in project.cpp:
-        if not NOT_YET.match(project.name(path)):
+        if not re.match("soundsmith/|tests/sound/", project.name(path)):
             yield from check_code(project, path)
         yield from check_includes(project, path)
+    for path in project.files:
+        if path.suffix in PROSE | {".h", ".cpp"} and not NOT_YET.match(project.name(path)):
+            yield from check_words(project, path)
