@@ -1,8 +1,7 @@
 # What every target of the project shares: warnings, sanitizers, where things are put.
 
 set(TAMLO_SANITIZE "" CACHE STRING "Sanitizers to build with, as for -fsanitize=")
-set(TAMLO_TESTS all CACHE STRING
-    "Which tests: all, those that gain from sanitizers (sanitized), or the others (plain)")
+set(TAMLO_TESTS all CACHE STRING "Which tests: all, or those of one kind: sanitized, threaded, plain")
 option(TAMLO_COVERAGE "Count the branches taken (clang only)" OFF)
 
 # The program and its wave files stand together; the tools stand beside them.
@@ -49,8 +48,10 @@ function(tamlo_library name)
     set_target_properties(${name} PROPERTIES TAMLO_OPENS "${ARG_OPENS}")
 endfunction()
 
-# tamlo_tests_are(KIND): whether this configuration has the tests of a kind, plain or sanitized; sets
-# has_tests.
+# The kinds of tests: sanitized, under the address and undefined-behaviour sanitizers; threaded, under
+# the thread sanitizer; plain, as the programs are delivered.
+
+# tamlo_tests_are(KIND): whether this configuration has the tests of a kind; sets has_tests.
 function(tamlo_tests_are kind)
     set(has_tests OFF)
     if(TAMLO_TESTS STREQUAL all OR TAMLO_TESTS STREQUAL kind)
@@ -59,21 +60,23 @@ function(tamlo_tests_are kind)
     set(has_tests ${has_tests} PARENT_SCOPE)
 endfunction()
 
-# tamlo_test(NAME [PLAIN] SOURCES file... [LIBS target...]): one test program, its cases known to
-# ctest. PLAIN, or in a folder that sets tamlo_plain_tests: it runs as it is delivered, without the
-# sanitizers; the others make up the target sanitized_tests.
+# tamlo_test(NAME [PLAIN | THREADED] SOURCES file... [LIBS target...]): one test program, its cases
+# known to ctest; its kind is sanitized if no other is given. The target tests_to_run builds those
+# that this configuration has.
 function(tamlo_test name)
-    cmake_parse_arguments(ARG "PLAIN" "" "SOURCES;LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "PLAIN;THREADED" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gmock GTest::gtest_main tamlo_options)
-    if(ARG_PLAIN OR tamlo_plain_tests)
-        tamlo_tests_are(plain)
-    else()
-        tamlo_tests_are(sanitized)
-        set_property(GLOBAL APPEND PROPERTY TAMLO_SANITIZED_TESTS ${name})
+    set(kind sanitized)
+    if(ARG_PLAIN)
+        set(kind plain)
+    elseif(ARG_THREADED)
+        set(kind threaded)
     endif()
+    tamlo_tests_are(${kind})
     if(has_tests)
+        set_property(GLOBAL APPEND PROPERTY TAMLO_TESTS_TO_RUN ${name})
         gtest_discover_tests(${name} NO_PRETTY_VALUES
             PROPERTIES TIMEOUT ${tamlo_patience} DISCOVERY_TIMEOUT 60)
     else()

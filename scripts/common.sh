@@ -97,10 +97,15 @@ need() {
     run "Installing what is missing" install.log install_packages $absent
 }
 
-# build WHAT PRESET [TARGET]: builds a preset, or one target of it.
+# build WHAT PRESET [TARGET [OPTION...]]: builds a preset, or one target of it (all of its targets if
+# TARGET is empty), configured with further options of cmake.
 build() {
-    run "Preparing to build" build.log cmake --preset "$2" || return
-    run "$1" build.log cmake --build --preset "$2" ${3:+--target "$3"}
+    local folder=build
+    [ "$2" = default ] || folder=build-$2
+    # A folder that make has built, before Ninja was asked for, begins again.
+    grep -qs 'CMAKE_GENERATOR:INTERNAL=Unix' "$folder/CMakeCache.txt" && rm -rf "$folder/CMakeCache.txt" "$folder/CMakeFiles"
+    run "Preparing to build" build.log cmake --preset "$2" "${@:4}" || return
+    run "$1" build.log env NINJA_STATUS='[%p] ' cmake --build --preset "$2" ${3:+--target "$3"}
 }
 
 # prepare: enters the project's folder, alone. A second ./play or ./test waits for the first.

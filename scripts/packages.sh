@@ -2,14 +2,14 @@
 # The Debian packages that the project needs; read by scripts/common.sh.
 
 # To build anything at all: one configuration serves the game, its tools and its tests.
-build_packages="g++ cmake make pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libpulse-dev libespeak-ng-dev libbrlapi-dev
+build_packages="g++ cmake ninja-build pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libpulse-dev libespeak-ng-dev libbrlapi-dev
     flite1-dev libpng-dev liblouis-dev libgtest-dev libgmock-dev libbenchmark-dev"
 
 # To play what has been built.
 play_packages="espeak-ng-data libflite1 fonts-dejavu-core"
 
-# What checks the menu entry, the pages and the manual; tests fail without them.
-checking_packages="desktop-file-utils appstream man-db groff codespell liblouis-bin liblouis-data"
+# What checks the sources, the menu entry, the pages and the manual; tests fail without them.
+checking_packages="clang-format clang-tidy desktop-file-utils appstream man-db groff codespell liblouis-bin liblouis-data"
 
 # Without these some tests are skipped, and say so.
 test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils pipewire pipewire-pulse
@@ -17,6 +17,3 @@ test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils pipe
 
 # Only `./test long` asks for these; scripts/coverage needs them too.
 long_packages="clang-14 libclang-rt-14-dev llvm-14 valgrind"
-
-# Only scripts/mutations asks for this.
-mutating_packages="ninja-build"

@@ -10,7 +10,7 @@ namespace tamlo {
 namespace {
 
 /// An output that holds what it was given for a while, as a sound server does, and has it made
-/// anew.
+/// again.
 class Holding {
   public:
     explicit Holding(Mixer& mixer) : mixer_(mixer) {}

@@ -333,6 +333,8 @@ TEST(VoiceSpeech, WithoutVoicesTextsTakeTheirTimeInSilenceIfSomebodyIsTold) {
     listener.HearOut();
     EXPECT_NEAR(Seconds(listener.heard), 2, 0.01);
     EXPECT_EQ(Energy(listener.heard), 0);
+    // The synthesizer without voices is left behind, and notes its end in the log.
+    EXPECT_TRUE(Eventually([&] { return log.alive == 0; }));
 }
 
 TEST(VoiceSpeech, WithoutVoicesTextsCountAsSpokenAndAreShownAsTheyAreGiven) {

@@ -79,8 +79,8 @@ TEST(AnHourOfDriving, LeavesNothingInMemory) {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(drive.driven).count();
     ASSERT_GE(seconds, 3600);
     std::cout << seconds << " seconds, " << drive.Trips() << " trips, " << drive.begin.in_use
-              << " bytes at the begin, " << drive.end.in_use << " bytes at the end\n";
-    // A text may be longer at the end than at the begin.
+              << " bytes at the start, " << drive.end.in_use << " bytes at the end\n";
+    // A text may be longer at the end than at the start.
     EXPECT_LE(drive.end.in_use, drive.begin.in_use + 4096);
     if (drive.begin.in_use > 0) {
         EXPECT_LE(drive.end.resident, drive.begin.resident + (1 << 20));

@@ -44,7 +44,7 @@ TEST(BlockSize, AMinuteOfCalmHalvesIt) {
     WatchedCard card;
     EXPECT_EQ(card.Watch(2, 2), 1024);
     EXPECT_EQ(card.Watch(55), 1024);
-    EXPECT_EQ(card.Watch(1, 1), 1024);  // the minute begins anew
+    EXPECT_EQ(card.Watch(1, 1), 1024);  // the minute begins again
     EXPECT_EQ(card.Watch(59), 1024);
     EXPECT_EQ(card.Watch(3), 512);
     EXPECT_EQ(card.Watch(65), 256);
