@@ -24,7 +24,7 @@ ROOMS = {
     "audio/voice": (BELOW + ("audio/mixing",), "texts become samples"),
     "audio/output": (BELOW + ("audio/mixing",), "from the mixer to a device"),
     "reading": (BELOW, "captions and braille"),
-    "rehearsal": (BELOW, "virtual time, a trace"),
+    "rehearsal": (BELOW + ("audio/mixing",), "virtual time, a trace"),
     "recording": (BELOW + ("audio", "rehearsal"), "virtual time, a wave file"),
     "app": (BELOW + ("game", *GAME, "day", "audio", "reading", "rehearsal", "recording", "app"),
             "what the programs share"),
