@@ -95,8 +95,7 @@ class Facts(unittest.TestCase):
             self.assertIn(place, MANUAL)
 
     def test_vehicles(self):
-        rows = re.findall(r'^    \{(\d+), " you can', self.source("game/vehicles.h"),
-                          re.M | re.I)
+        rows = re.findall(r'\b(\d+),\s+" you can', self.source("game/vehicles.h"), re.I)
         self.assertEqual(len(rows), 3)
         for top_speed in rows:
             self.assertIn(top_speed, MANUAL)

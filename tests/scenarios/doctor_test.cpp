@@ -70,6 +70,25 @@ TEST(Doctor, LeadsThroughEverythingWithEnter) {
     }
 }
 
+TEST(Doctor, EscapeGoesToTheVerdictAndTheReport) {
+    Check check;
+    const auto run = check.Run("upon \"3 voices are installed\" escape");
+    EXPECT_FALSE(run.Heard("sound files are in order"));
+    EXPECT_FALSE(run.Heard("Try next"));
+    EXPECT_TRUE(run.Heard("The verdict: all is well, and you can play."));
+    EXPECT_TRUE(run.Heard("The report for those who help is the file "));
+    EXPECT_EQ(run.Events().back(), "end");
+    EXPECT_EQ(check.status, 0);
+    EXPECT_NE(check.Report().find("All 93 sound files are in order."), std::string::npos);
+    EXPECT_NE(check.Report().find("in blocks of 256 frames"), std::string::npos);
+
+    const auto again = check.Run(
+        "press up up enter\nupon \"3 voices are installed\" escape\npress enter");
+    EXPECT_EQ(again.Count("No screen reader is running."), 1) << "a part is left";
+    EXPECT_EQ(again.Count("sound files are in order"), 1);
+    EXPECT_EQ(again.Events().back(), "end");
+}
+
 TEST(Doctor, TellsWhatIsWrong) {
     Check check;
     check.around.answers = false;

@@ -44,6 +44,7 @@ class Doctor {
 
   private:
     void Tell(const std::string& text);
+    bool Escaped() const;
     void Add(const Finding& finding);
 
     std::string VoiceNumber(int voice) const;
@@ -64,6 +65,7 @@ class Doctor {
     Surroundings& around_;
     DoctorReport report_;
     bool sounds_complete_ = false;
+    bool leaving_ = false;  ///< Escape, while the findings were told
     std::chrono::microseconds began_{};
     std::int64_t played_before_ = 0;
 };
@@ -77,9 +79,17 @@ void Doctor::Tell(const std::string& text) {
     form_.w4s();
 }
 
+/// Whether the sentence that was last told has been cut short by Escape.
+bool Doctor::Escaped() const {
+    return around_.answers && form_.gs.g == keys::escape;
+}
+
+/// Once the player leaves, what is found goes into the report only.
 void Doctor::Add(const Finding& finding) {
     report_.Add(finding);
+    if (leaving_) return;
     Tell(finding.text);
+    leaving_ = Escaped();
 }
 
 void Doctor::Examine() {
@@ -94,6 +104,7 @@ void Doctor::Examine() {
     report_.Note("Plays in", around_.front);
     BeginMeasurement();
     Tell("Speech and sound check of Tamlo Delivery.");
+    leaving_ = Escaped();
     LookAtVoices();
     LookAtFolder();
     LookAtSounds();
@@ -266,11 +277,15 @@ void Doctor::HearVoices() {
 }
 
 void Doctor::RepeatFindings() {
-    for (const Finding& finding : report_.Findings()) Tell(finding.text);
+    for (const Finding& finding : report_.Findings()) {
+        Tell(finding.text);
+        if (Escaped()) return;
+    }
 }
 
 void Doctor::Converse() {
     constexpr int leave = 5;
+    if (leaving_) return;
     ListMenu menu{.prompt = " Try next: Up and Down Arrow, Enter. ",
                   .items = {" left and right ear ", " the voices ", " the keys ",
                             " the findings again ", " the end of this check "},
