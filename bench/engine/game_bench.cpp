@@ -56,6 +56,7 @@ void RehearsedDay(benchmark::State& state, const std::string& example) {
 /// Runs a program quietly; false if it does not end well.
 bool Run(std::vector<std::string> words) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t quietly;

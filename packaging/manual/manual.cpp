@@ -80,7 +80,8 @@ std::string Html(const std::vector<Block>& blocks) {
                                 : block.kind == Block::Kind::heading
                                     ? "h" + std::to_string(block.level)
                                     : "p";
-        html += "<" + tag + ">" + Escaped(block.text) + "</" + tag + ">\n";
+        html.append("<").append(tag).append(">").append(Escaped(block.text));
+        html.append("</").append(tag).append(">\n");
     }
     return html + (list ? "</ul>\n" : "") + "</main>\n</body>\n</html>\n";
 }

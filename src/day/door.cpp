@@ -62,7 +62,7 @@ std::string Greet(Form1& form, int k) {
     const std::string item = ItemPhrase(gs.ordtext(k));
     form.say(gs.ordqty(k) == 1 ? "Hi. here is your " + item
                                : "Hi. here are your " + std::to_string(gs.ordqty(k)) + " " + item);
-    const std::string price = form.money(gs.ordprice(k));
+    std::string price = form.money(gs.ordprice(k));
     form.dy(0.4);
     form.say("That will be" + price + " please.");
     form.dy(0.5);

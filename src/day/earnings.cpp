@@ -42,7 +42,7 @@ std::string AskHolder(Form1& form) {
     while (true) {
         form.clk();
         form.getter(" Enter your name as the new record holder. ");
-        const std::string name = form.gs.r;
+        std::string name = form.gs.r;
         const int answer = form.askYesNo({.question = " Is " + name + " correct for your name? ",
                                           .lead = YesNoPrompt::Lead::clear,
                                           .initial_yes = true});

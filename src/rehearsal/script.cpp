@@ -161,7 +161,7 @@ class ScriptReader {
     std::string ReadPress(const Words& words) {
         if (words.empty()) return "press takes one key or more";
         for (const std::string& word : words) {
-            if (const std::string error = AddKeyStep(Step::Kind::press, word); !error.empty()) {
+            if (std::string error = AddKeyStep(Step::Kind::press, word); !error.empty()) {
                 return error;
             }
         }
@@ -173,7 +173,7 @@ class ScriptReader {
         if (sound) words.erase(words.begin());
         if (words.size() != 2) return "upon takes a text and a key, or sound, a name and a key";
         const auto kind = sound ? Step::Kind::upon_sound : Step::Kind::upon_speech;
-        if (const std::string error = AddKeyStep(kind, words[1]); !error.empty()) return error;
+        if (std::string error = AddKeyStep(kind, words[1]); !error.empty()) return error;
         script.steps.back().words = {std::move(words[0])};
         return "";
     }
@@ -184,7 +184,7 @@ class ScriptReader {
         if (!delay) {
             return Quoted(words[0]) + " is not a number of seconds from 0 to 1000000000";
         }
-        if (const std::string error = AddKeyStep(Step::Kind::after, words[1]); !error.empty()) {
+        if (std::string error = AddKeyStep(Step::Kind::after, words[1]); !error.empty()) {
             return error;
         }
         script.steps.back().delay = *delay;

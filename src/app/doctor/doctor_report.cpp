@@ -65,7 +65,7 @@ std::string DoctorReport::Text(const std::string& home) const {
         text += std::string(Mark(finding.weight)) + ". " + finding.text + "\n";
     }
     text += "\n";
-    for (const auto& [name, value] : notes_) text += name + ": " + value + "\n";
+    for (const auto& [name, value] : notes_) text.append(name).append(": ").append(value + "\n");
     if (home.size() > 1) Replace(text, home, "~");
     return text;
 }

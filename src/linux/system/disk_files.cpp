@@ -50,7 +50,7 @@ std::vector<std::string> NamesIn(const std::string& folder) {
 /// `path` with its last name as something of that kind bears it; empty if there is nothing. Of
 /// several names that differ only in case, the first in the order of their bytes.
 std::string Find(const std::string& path, Kind kind) {
-    const std::string wanted = Normalised(path);
+    std::string wanted = Normalised(path);
     if (wanted.empty() || IsA(kind, wanted)) return wanted;
     const std::size_t slash = wanted.rfind('/');
     const std::string before = slash == std::string::npos ? "" : wanted.substr(0, slash + 1);

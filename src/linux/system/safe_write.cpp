@@ -36,7 +36,7 @@ std::optional<std::string> FollowLinks(std::string path) {
         if (length < 0) return path;
         if (length == 0 || length == static_cast<ssize_t>(sizeof target)) return std::nullopt;
         const std::string next(target, static_cast<std::size_t>(length));
-        path = next.front() == '/' ? next : FolderOf(path) + '/' + next;
+        path = next.front() == '/' ? next : FolderOf(path).append("/").append(next);
     }
     return std::nullopt;
 }

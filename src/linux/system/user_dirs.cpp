@@ -99,7 +99,7 @@ std::string DocumentsInUserDirs(std::string_view text, const std::string& home) 
 std::string DocumentsFolder(const std::string& home, const std::string& configuration) {
     if (!configuration.empty()) {
         const ReadResult file = DiskFiles().Read(configuration + "/user-dirs.dirs");
-        const std::string named = DocumentsInUserDirs(file.bytes, home);
+        std::string named = DocumentsInUserDirs(file.bytes, home);
         if (!named.empty() && Provide(named)) return named;
     }
     // A home that is missing is nobody's home: services run with such.
