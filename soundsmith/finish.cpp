@@ -23,12 +23,19 @@ int WorkingFactor(const Effect& effect) {
 
 }  // namespace
 
+int WorkingRate(const Effect& effect) {
+    return effect.rate * WorkingFactor(effect);
+}
+
 Sound MakeSound(const Effect& effect) {
+    const double seconds = static_cast<double>(RoomFor(effect)) / effect.rate;
+    return Finished(effect, RecipeFor(effect)(
+                                Brief{effect, WorkingRate(effect), seconds, Chance(effect.name)}));
+}
+
+Sound Finished(const Effect& effect, Sound made) {
     const int factor = WorkingFactor(effect);
     const std::size_t room = RoomFor(effect);
-    const double seconds = static_cast<double>(room) / effect.rate;
-    Sound made =
-        RecipeFor(effect)(Brief{effect, effect.rate * factor, seconds, Chance(effect.name)});
     if (made.rate != effect.rate * factor || Peak(made) == 0.0)
         throw std::runtime_error("its recipe makes no sound");
     made.loop = effect.loop;

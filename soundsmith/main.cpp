@@ -3,12 +3,17 @@
 
 #include <exception>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "customers/speak.h"
+#include "finish.h"
 #include "report/report.h"
+#include "wave_writer.h"
 #include "workshop.h"
 
 namespace {
@@ -21,7 +26,9 @@ constexpr std::string_view kUsage =
     "Makes the wave files of the game in FOLDER: those missing or changed, or the EFFECTs named.\n"
     "  --from SET  copy from the folder SET what already stands there, made the same way\n"
     "       soundsmith --report FOLDER [SET]\n"
-    "Writes a page about the wave files in SET, or those of the game beside this program.\n";
+    "Writes a page about the wave files in SET, or those of the game beside this program.\n"
+    "       soundsmith --say FOLDER EFFECT TEXT...\n"
+    "Has the customer of EFFECT say each TEXT at the door: FOLDER/EFFECT-1.wav and so on.\n";
 
 // On a terminal one line that is written over; elsewhere nothing, so that a log stays short.
 void ShowProgress(std::string_view name, int done, int of) {
@@ -57,8 +64,27 @@ int RunReport(const std::vector<std::string>& arguments) {
     return 0;
 }
 
+int Say(const std::vector<std::string>& arguments) {
+    const Customer* customer = arguments.size() < 4 ? nullptr : FindCustomer(arguments[2]);
+    if (customer == nullptr) {
+        std::cerr << kUsage;
+        return 2;
+    }
+    Effect format = *FindEffect(customer->effect);
+    format.text = {};  // as long as the words take
+    for (std::size_t i = 3; i < arguments.size(); ++i) {
+        const std::string name = arguments[2] + "-" + std::to_string(i - 2) + ".wav";
+        std::ofstream out(std::filesystem::path(arguments[1]) / name, std::ios::binary);
+        out << WaveFile(format,
+                        Finished(format, AtTheDoor(*customer, WorkingRate(format), arguments[i])));
+        if (!out.flush()) throw std::runtime_error("cannot write " + name);
+    }
+    return 0;
+}
+
 int Run(std::vector<std::string> arguments) {
     if (!arguments.empty() && arguments[0] == "--report") return RunReport(arguments);
+    if (!arguments.empty() && arguments[0] == "--say") return Say(arguments);
     std::string other;
     if (arguments.size() >= 2 && arguments[0] == "--from") {
         other = arguments[1];

@@ -1,4 +1,5 @@
-// The forty people who open their doors: who they are, whose voice they have, what they say.
+// The forty people who open their doors: whose recorded voice they have, how it was changed, and
+// what they say.
 #pragma once
 
 #include <algorithm>
@@ -7,71 +8,112 @@
 
 namespace tamlo::soundsmith {
 
-struct Customer {
-    std::string_view effect;  // the file's name without ".wav"
-    std::string_view engine;  // "espeak" or "flite"
-    std::string_view voice;   // as that engine names it
-    double pitch;             // espeak: 0 to 99, 50 is the voice's own; flite: mean hertz
-    double pace;              // espeak: words a minute; flite: words last this many times as long
-    double size;              // speed of play: above 1 a smaller person, higher and quicker
+/// Somebody whose recorded voice speaks for customers.
+struct Speaker {
+    std::string_view name;     ///< as its engine names the voice
+    std::string_view engine;   ///< "flite", "festival" or "espeak"
+    std::string_view charset;  ///< of the text that the voice reads
+    int lowest_pitch;          ///< hertz; the speaker's own pitch is searched between these two
+    int highest_pitch;
     std::string_view who;
-    std::string_view greeting;  // 0.5 to 2.4 seconds of speech
 };
 
-// "en-gb+variant" is taken by the engine and silently gives its plain man: British voices go by
-// "en-gb-x-rp" here.
 // clang-format off
-inline constexpr std::array<Customer, 40> kCast{{
-    // Women.
-    {"tamlo41", "flite",  "slt",                   205, 1.00, 1.00, "a friendly neighbour",     "Hi there! Come on in."},
-    {"tamlo42", "flite",  "slt",                   215, 0.98, 1.20, "a student",                "Yay, food!"},
-    {"tamlo43", "flite",  "slt",                   205, 1.02, 0.90, "a teacher",                "Good evening. Right on time."},
-    {"tamlo44", "flite",  "slt",                   212, 1.00, 1.08, "a young mother",           "Sh! The baby is asleep."},
-    {"tamlo45", "espeak", "en-us+f1",               62,  170, 1.00, "an office worker",         "Oh! That was quick."},
-    {"tamlo46", "espeak", "en-gb-x-rp+f2",          48,  160, 1.00, "a lady of the manor",      "How very kind of you."},
-    {"tamlo47", "espeak", "en-us+f3",               70,  180, 1.00, "a party guest",            "Hey everybody, dinner is here!"},
-    {"tamlo48", "espeak", "en-gb-scotland+f4",      68,  165, 1.00, "a nurse after work",       "Perfect. I am worn out."},
-    {"tamlo49", "espeak", "en-029+f5",              45,  165, 1.00, "a shopkeeper",             "Who is it? Ah, it is you!"},
-    {"tamlo50", "espeak", "en-us+Annie",            50,  165, 1.00, "a gardener",               "Mind the roses, please."},
-    {"tamlo51", "espeak", "en-gb-x-rp+Andrea",      50,  170, 1.00, "a lawyer",                 "Yes? What is it?"},
-    {"tamlo52", "espeak", "en-us+Alicia",           40,  175, 1.00, "a musician",               "Oh, lovely. Thank you."},
-    {"tamlo53", "espeak", "en-gb-x-rp+belinda",     50,  165, 1.00, "a landlady",               "Wipe your feet first!"},
-    {"tamlo54", "espeak", "en-us+linda",            70,  180, 1.00, "a runner, out of breath",  "Hello, hello! Just a second."},
-    {"tamlo55", "espeak", "en-us+steph",            58,  165, 1.00, "a doctor",                 "Ah, there you are."},
-    {"tamlo56", "espeak", "en-us+anika",            45,  165, 1.00, "a painter",                "Mm, that smells good."},
-    {"tamlo57", "espeak", "en-gb-x-gbclan+aunty",   70,  155, 0.92, "an aunt",                  "Hello dear, come in."},
-    {"tamlo58", "espeak", "en-gb-x-rp+grandma",     48,  140, 1.00, "a grandmother",            "Oh, bless you, my love."},
-    {"tamlo59", "espeak", "en-us+steph3",           75,  190, 1.12, "a girl of fifteen",        "Mum! It is for you!"},
-    {"tamlo60", "espeak", "en-us+f2",               70,  185, 1.20, "a girl of eight",          "Is it for me?"},
-    // Men.
-    {"tamlo61", "flite",  "rms",                   100, 1.00, 1.00, "a friendly neighbour",     "Good to see you."},
-    {"tamlo62", "flite",  "awb",                   120, 1.00, 0.95, "a Scottish engineer",      "Well now, here we are."},
-    {"tamlo63", "flite",  "kal16",                 105, 1.00, 1.00, "a night watchman",         "Who goes there?"},
-    {"tamlo64", "flite",  "kal16",                  98, 1.00, 0.92, "a bus driver",             "About time, my friend."},
-    {"tamlo65", "flite",  "rms",                    80, 1.00, 0.88, "a bass singer",            "Good evening to you."},
-    {"tamlo66", "flite",  "awb",                   112, 1.12, 1.17, "a clerk",                  "Have you got the right change?"},
-    {"tamlo67", "espeak", "en-us+m1",               47,  165, 1.00, "a father of five",         "Kids! Dinner!"},
-    {"tamlo68", "espeak", "en-gb-x-rp+m3",          62,  170, 1.00, "a butler",                 "You are expected, sir."},
-    {"tamlo69", "espeak", "en-us+m4",               32,  165, 0.88, "a wrestler",               "Great. I could eat a horse."},
-    {"tamlo70", "espeak", "en-gb-scotland+m7",      70,  170, 1.00, "a fisherman",              "Come away in, lad."},
-    {"tamlo71", "espeak", "en-us+m8",               40,  150, 1.00, "a professor",              "Oh yes. Of course."    },
-    {"tamlo72", "espeak", "en-us+Andy",             35,  165, 1.00, "a mechanic",               "Hey, buddy. How much?"},
-    {"tamlo73", "espeak", "en-gb-x-rp+Alex",        70,  170, 1.00, "an actor",                 "At last! We are starving."},
-    {"tamlo74", "espeak", "en-us+Gene2",            54,  165, 1.00, "a card player",            "Deal me out, boys."},
-    {"tamlo75", "espeak", "en-029+Marco",           60,  180, 1.00, "a barber",                 "Welcome, welcome!"},
-    {"tamlo76", "espeak", "en-gb-x-gbcwmd+max",     42,  165, 1.00, "a bricklayer",             "All right, mate?"},
-    {"tamlo77", "espeak", "en-us+croak",            62,  145, 0.89, "an old man",               "Eh? Who is it?"},
-    {"tamlo78", "espeak", "en-us+Nguyen",           20,  165, 1.00, "a cook on his day off",    "Let me see. Very nice."},
-    {"tamlo79", "espeak", "en-us+pablo",            70,  175, 1.06, "a boy with a game on",     "Cool! Over here."},
-    {"tamlo80", "flite",  "awb",                   105, 1.00, 0.94, "somebody on the intercom", "Yeah?"},
+inline constexpr std::array<Speaker, 10> speakers{{
+    {"slt",                "flite",    "UTF-8",      100, 420, "American woman"},
+    {"rms",                "flite",    "UTF-8",       55, 300, "American man"},
+    {"awb",                "flite",    "UTF-8",       55, 300, "Scottish man"},
+    {"kal16",              "flite",    "UTF-8",       55, 300, "American man"},
+    {"ked_diphone",        "festival", "UTF-8",       55, 300, "American man"},
+    {"czech_dita",         "festival", "ISO-8859-2", 100, 420, "Czech woman"},
+    {"czech_machac",       "festival", "ISO-8859-2",  55, 300, "Czech man"},
+    {"suo_fi_lj_diphone",  "festival", "ISO-8859-1", 100, 420, "Finnish woman"},
+    {"hy_fi_mv_diphone",   "festival", "ISO-8859-1",  55, 300, "Finnish man"},
+    {"en-us+m8",           "espeak",   "UTF-8",       55, 300, "the voice of the menus"},
 }};
 // clang-format on
 
-// The person behind a file; nullptr when it is nobody's.
+struct Customer {
+    std::string_view effect;   ///< the file's name without ".wav"
+    std::string_view speaker;  ///< a row of the table above
+    double formants;           ///< times as high as the speaker's: above 1 a smaller person
+    int pitch;                 ///< median in hertz; 0: the speaker's own
+    double melody;             ///< times the speaker's rise and fall around the median
+    double pace;               ///< words last this many times as long
+    double breath;             ///< 0 to 1: noise of breath in the voice
+    double tremor;             ///< 0 to 1: trembling of pitch and strength
+    std::string_view who;
+    std::string_view greeting;  ///< 0.5 to 2.4 seconds of speech
+    /// The greeting as the voice of another language has to read it; empty: as it is.
+    std::string_view spelling = {};
+
+    /// Whether the speaker's voice is used as it was recorded.
+    constexpr bool Unchanged() const {
+        return formants == 1 && pitch == 0 && melody == 1 && pace == 1;
+    }
+};
+
+// The pitches of women lie above those of men, so that a listener can tell them at one word.
+// clang-format off
+inline constexpr std::array<Customer, 40> cast{{
+    //           speaker             form  pitch mel   pace  breath trem
+    // Women.
+    {"tamlo41", "slt",               1.00, 206, 1.30, 1.00, 0.0, 0.0, "a friendly neighbour",     "Hello there, please come in."},
+    {"tamlo42", "slt",               1.04, 248, 1.40, 1.00, 0.0, 0.0, "a student",                "I have been waiting for you."},
+    {"tamlo43", "slt",               0.93, 174, 1.10, 1.08, 0.0, 0.0, "a teacher",                "Good evening, right on time."},
+    {"tamlo44", "slt",               0.87, 206, 1.20, 1.00, 0.2, 0.0, "a young mother",           "Quiet please, the baby is asleep."},
+    {"tamlo45", "rms",               1.19, 208, 1.20, 0.95, 0.0, 0.0, "an office worker",         "Oh, that was very quick."},
+    {"tamlo46", "awb",               1.12, 178, 1.40, 1.05, 0.0, 0.0, "a lady of the manor",      "How nice of you to come."},
+    {"tamlo47", "rms",               1.26, 236, 1.40, 0.95, 0.0, 0.0, "a party guest",            "Hey everybody, dinner is here!"},
+    {"tamlo48", "awb",               1.18, 212, 1.10, 1.05, 0.0, 0.0, "a Scottish nurse after work", "I am so tired, thank you."},
+    {"tamlo49", "suo_fi_lj_diphone", 0.93, 174, 1.00, 1.00, 0.0, 0.0, "a Finnish shopkeeper",     "Hei! Yes yes, I am coming.", "Hei! jes jes ai äm kaming."},
+    {"tamlo50", "awb",               1.24, 252, 1.20, 0.95, 0.0, 0.0, "a gardener",               "Just a second, I am coming."},
+    {"tamlo51", "ked_diphone",       1.15, 178, 1.00, 1.00, 0.0, 0.0, "a lawyer",                 "Yes, what is it?"},
+    {"tamlo52", "czech_dita",        1.00, 222, 1.30, 1.00, 0.0, 0.0, "a Czech musician",         "Dobrý den! Thank you very much.", "Dobrý den! tenk jú verí mač."},
+    {"tamlo53", "kal16",             1.18, 212, 1.20, 1.10, 0.0, 0.0, "a landlady",               "You took your time."},
+    {"tamlo54", "suo_fi_lj_diphone", 1.03, 240, 1.20, 0.92, 0.6, 0.0, "a Finnish runner, out of breath", "Moi moi! One moment please.", "Moi moi! uan moument pliis."},
+    {"tamlo55", "czech_dita",        0.89, 184, 1.20, 1.05, 0.0, 0.0, "a Czech doctor",           "Very good. Thank you.", "verí gud, tenk jú."},
+    {"tamlo56", "ked_diphone",       1.22, 232, 1.20, 1.05, 0.0, 0.0, "a painter",                "It smells very good."},
+    {"tamlo57", "rms",               1.07, 224, 1.40, 1.05, 0.0, 0.0, "an aunt",                  "Good to see you, my dear."},
+    {"tamlo58", "rms",               1.14, 180, 1.20, 1.20, 0.1, 0.7, "a grandmother",            "Oh, bless you my dear."},
+    {"tamlo59", "slt",               1.06, 292, 1.30, 0.95, 0.0, 0.0, "a girl of fifteen",        "Good, I am so hungry."},
+    {"tamlo60", "rms",               1.36, 326, 1.30, 1.00, 0.0, 0.0, "a girl of eight",          "Hello, is that for me?"},
+    // Men.
+    {"tamlo61", "rms",               1.00, 102, 1.00, 1.00, 0.0, 0.0, "a friendly neighbour",     "Hello, nice to see you."},
+    {"tamlo62", "awb",               1.00, 126, 1.10, 1.00, 0.0, 0.0, "a Scottish engineer",      "So here we are again."},
+    {"tamlo63", "kal16",             1.00,  96, 1.20, 1.00, 0.0, 0.0, "a night watchman",         "Stop, who are you?"},
+    {"tamlo64", "ked_diphone",       1.07, 124, 1.10, 1.00, 0.0, 0.0, "a bus driver",             "It is about time, my friend."},
+    {"tamlo65", "rms",               0.89,  78, 1.00, 1.10, 0.0, 0.0, "a bass singer",            "Come in, my good friend."},
+    {"tamlo66", "awb",               1.08, 140, 1.00, 0.95, 0.0, 0.0, "a clerk",                  "Have you got the right change?"},
+    {"tamlo67", "slt",               0.82, 104, 1.30, 0.95, 0.0, 0.0, "a father of five",         "Come on kids, dinner is here."},
+    {"tamlo68", "slt",               0.88, 136, 0.90, 1.05, 0.0, 0.0, "a butler",                 "You are expected, sir."},
+    {"tamlo69", "ked_diphone",       0.93,  82, 1.00, 1.05, 0.0, 0.0, "a wrestler",               "What have you got there?"},
+    {"tamlo70", "awb",               0.91,  90, 1.10, 1.10, 0.1, 0.0, "a Scottish fisherman",     "It is a cold night."},
+    {"tamlo71", "en-us+m8",          1.00,   0, 1.00, 1.00, 0.0, 0.0, "a professor who speaks by a computer", "Oh yes. Of course."},
+    {"tamlo72", "rms",               1.07, 126, 1.50, 0.92, 0.0, 0.0, "a mechanic",               "Hey buddy, how much is it?"},
+    {"tamlo73", "rms",               0.95, 140, 1.80, 1.05, 0.0, 0.0, "an actor",                 "At last, I am so hungry."},
+    {"tamlo74", "kal16",             1.12, 142, 1.20, 0.95, 0.0, 0.0, "a card player",            "Put it on the table please."},
+    {"tamlo75", "hy_fi_mv_diphone",  1.00, 106, 1.00, 1.00, 0.0, 0.0, "a Finnish barber",         "No niin. Thank you very much.", "No niin. tänk juu veri mats."},
+    {"tamlo76", "kal16",             0.95, 122, 1.00, 1.00, 0.0, 0.0, "a bricklayer",             "Is everything all right?"},
+    {"tamlo77", "czech_machac",      1.00,  76, 1.30, 1.10, 0.2, 1.0, "an old Czech man",         "Tak. One moment please.", "Tak. uan moument plíz."},
+    {"tamlo78", "czech_machac",      1.12, 116, 1.30, 0.95, 0.0, 0.0, "a Czech cook on his day off", "No konečně! Very good.", "No konečně! verí gud."},
+    {"tamlo79", "awb",               1.27, 143, 1.30, 0.90, 0.0, 0.0, "a boy with a game on",     "Wait a minute please."},
+    {"tamlo80", "awb",               0.95, 108, 1.00, 1.00, 0.0, 0.0, "somebody on the intercom", "Yeah?"},
+}};
+// clang-format on
+
+/// The person in a file; nullptr when it is nobody's.
 constexpr const Customer* FindCustomer(std::string_view effect) {
-    const auto* found = std::find_if(kCast.begin(), kCast.end(),
+    const auto* found = std::find_if(cast.begin(), cast.end(),
                                      [&](const Customer& one) { return one.effect == effect; });
-    return found == kCast.end() ? nullptr : found;
+    return found == cast.end() ? nullptr : found;
+}
+
+/// The speaker of that name; nullptr when there is none.
+constexpr const Speaker* FindSpeaker(std::string_view name) {
+    const auto* found = std::find_if(speakers.begin(), speakers.end(),
+                                     [&](const Speaker& one) { return one.name == name; });
+    return found == speakers.end() ? nullptr : found;
 }
 
 }  // namespace tamlo::soundsmith

@@ -1,5 +1,5 @@
-// From an engine's words to somebody at the door: the size of the person, silence cut away, the
-// last one heard through an intercom.
+// From a voice to somebody at the door: silence cut away, breath and age, the doorway; the last one
+// through an intercom.
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -16,26 +16,25 @@ namespace tamlo::soundsmith {
 namespace {
 
 // Half outdoors: little comes back, and soon.
-constexpr Room kDoorway{2.5, 0.25, 4000, 0.12};
+constexpr Room doorway{2.5, 0.25, 4000, 0.12};
 
-// The sound at another rate, played at `speed` (together they must not take samples further apart
-// than `sound` has them, or high tones would fold). A windowed sinc, so that an upsampled voice
-// gets no false hiss.
-Sound Resample(const Sound& sound, int rate, double speed) {
-    constexpr int kReach = 24;
-    const double step = speed * sound.rate / rate;
+/// The sound at another rate, not a lower one. A windowed sinc, so that an upsampled voice gets no
+/// false hiss.
+Sound Resample(const Sound& sound, int rate) {
+    constexpr int reach = 24;
+    const double step = static_cast<double>(sound.rate) / rate;
     const auto size = static_cast<std::ptrdiff_t>(sound.samples.size());
     Sound result{rate, {}, false};
     result.samples.resize(static_cast<std::size_t>(static_cast<double>(size) / step));
     for (std::size_t i = 0; i < result.samples.size(); ++i) {
         const double place = static_cast<double>(i) * step;
         const auto centre = static_cast<std::ptrdiff_t>(place);
-        const std::ptrdiff_t from = std::max<std::ptrdiff_t>(0, centre - kReach + 1);
-        const std::ptrdiff_t to = std::min(size - 1, centre + kReach);
+        const std::ptrdiff_t from = std::max<std::ptrdiff_t>(0, centre - reach + 1);
+        const std::ptrdiff_t to = std::min(size - 1, centre + reach);
         double sum = 0.0;
         for (std::ptrdiff_t k = from; k <= to; ++k) {
             const double x = std::numbers::pi * (place - static_cast<double>(k));
-            const double window = 0.5 + 0.5 * std::cos(x / kReach);
+            const double window = 0.5 + 0.5 * std::cos(x / reach);
             const double sinc = std::abs(x) < 1e-9 ? 1.0 : std::sin(x) / x;
             sum += sinc * window * sound.samples[static_cast<std::size_t>(k)];
         }
@@ -78,29 +77,72 @@ void ThroughIntercom(Sound& sound) {
     LowPass(sound, 3300.0);
 }
 
-Sound Greeting(Brief brief) {
-    const Customer& customer = *FindCustomer(brief.effect.name);
-    Sound sound = Resample(Trimmed(Speak(customer)), brief.rate, customer.size);
-    HighPass(sound, 60.0);
-    if (brief.effect.name == kCast.back().effect) {
-        ThroughIntercom(sound);
-    } else {
-        SetLength(sound, sound.Seconds() + kDoorway.seconds * 0.5);
-        AddRoom(sound, kDoorway);
+/// The voice trembles about five times a second, in pitch and strength.
+void Tremble(Sound& sound, double depth) {
+    constexpr double hertz = 5.3, bend = 0.018, swell = 0.12;
+    const double turn = 2.0 * std::numbers::pi * hertz / sound.rate;
+    const std::vector<double> steady = sound.samples;
+    for (std::size_t i = 0; i < steady.size(); ++i) {
+        const double phase = turn * static_cast<double>(i);
+        const double delay = depth * bend / turn * (1.0 + std::sin(phase));
+        const double place = std::max(0.0, static_cast<double>(i) - delay);
+        const auto whole = static_cast<std::size_t>(place);
+        const double part = place - static_cast<double>(whole);
+        const double next = steady[std::min(whole + 1, steady.size() - 1)];
+        sound.samples[i] = (steady[whole] * (1.0 - part) + next * part) *
+                           (1.0 + depth * swell * std::sin(phase + 1.0));
     }
+}
+
+/// Air that flows with the voice: noise above the low formants that swells as the voice does.
+void Breathe(Sound& sound, double amount, Chance& chance) {
+    constexpr double follow = 40.0;  // hertz; as quickly as syllables, not as the glottis
+    Sound level = sound;
+    for (double& sample : level.samples) sample = std::abs(sample);
+    LowPass(level, follow);
+    Sound air = Silence(sound.rate, sound.Seconds());
+    for (double& sample : air.samples) sample = chance.Noise();
+    HighPass(air, 1800.0);
+    LowPass(air, 7000.0);
+    for (std::size_t i = 0; i < std::min(air.samples.size(), sound.samples.size()); ++i)
+        sound.samples[i] += amount * 0.8 * std::max(0.0, level.samples[i]) * air.samples[i];
+}
+
+/// The customer as heard close by.
+Sound Person(const Customer& customer, int rate, std::string_view words) {
+    Sound sound = Resample(Trimmed(Speak(customer, words)), rate);
+    HighPass(sound, 60.0);
+    Chance chance(customer.effect);
+    if (customer.breath > 0) Breathe(sound, customer.breath, chance);
+    if (customer.tremor > 0) Tremble(sound, customer.tremor);
     return sound;
 }
 
-constexpr auto kRecipes = [] {
-    std::array<RecipeEntry, kCast.size()> recipes{};
-    for (std::size_t i = 0; i < kCast.size(); ++i) recipes[i] = {kCast[i].effect, Greeting};
+Sound Greeting(Brief brief) {
+    return AtTheDoor(*FindCustomer(brief.effect.name), brief.rate);
+}
+
+constexpr auto greetings = [] {
+    std::array<RecipeEntry, cast.size()> recipes{};
+    for (std::size_t i = 0; i < cast.size(); ++i) recipes[i] = {cast[i].effect, Greeting};
     return recipes;
 }();
 
 }  // namespace
 
+Sound AtTheDoor(const Customer& customer, int rate, std::string_view words) {
+    Sound sound = Person(customer, rate, words);
+    if (customer.effect == cast.back().effect) {
+        ThroughIntercom(sound);
+    } else {
+        SetLength(sound, sound.Seconds() + doorway.seconds * 0.5);
+        AddRoom(sound, doorway);
+    }
+    return sound;
+}
+
 std::span<const RecipeEntry> CustomerRecipes() {
-    return kRecipes;
+    return greetings;
 }
 
 }  // namespace tamlo::soundsmith

@@ -1,89 +1,60 @@
-// Runs customer_voice, the program beside soundsmith that holds the speech engines.
+// From words to a voice: a speech engine with a recorded speaker, and praat, which makes another
+// person of the speaker.
 #include "customers/speak.h"
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <iconv.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <fstream>
+#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-extern char** environ;
+#include "customers/programs.h"
+#include "wave_reader.h"
+#include "wave_writer.h"
 
 namespace tamlo::soundsmith {
 
 namespace {
 
-// Closes on every way out.
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() { close(number_); }
-    int Number() const { return number_; }
+namespace fs = std::filesystem;
 
-  private:
-    int number_;
-};
-
-pid_t Start(std::vector<std::string> command, int output) {
-    std::vector<char*> arguments;
-    for (std::string& word : command) arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
-    pid_t process = -1;
-    const int failure =
-        posix_spawn(&process, arguments[0], &actions, nullptr, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (failure != 0) throw std::runtime_error(command[0] + ": " + std::strerror(failure));
-    return process;
+std::string ReadFile(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
-std::string ReadAll(int descriptor) {
-    std::string bytes;
-    std::array<char, 65536> chunk;
-    for (;;) {
-        const ssize_t count = read(descriptor, chunk.data(), chunk.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return bytes;
-        bytes.append(chunk.data(), static_cast<std::size_t>(count));
-    }
+void WriteFile(const fs::path& path, std::string_view bytes) {
+    std::ofstream out(path, std::ios::binary);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!out.flush()) throw std::runtime_error("cannot write " + path.string());
 }
 
-std::string OutputOf(const std::vector<std::string>& command) {
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("cannot make a pipe");
-    const Descriptor reading(ends[0]);
-    pid_t process;
-    {
-        const Descriptor writing(ends[1]);
-        process = Start(command, writing.Number());
-    }
-    const std::string bytes = ReadAll(reading.Number());
-    int status = 0;
-    while (waitpid(process, &status, 0) < 0 && errno == EINTR) continue;
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        throw std::runtime_error("the voice " + command[2] + " failed");
-    return bytes;
+/// UTF-8 in another character set. Throws std::runtime_error when that lacks a character.
+std::string Encoded(std::string_view text, std::string_view charset) {
+    const iconv_t converter = iconv_open(std::string(charset).c_str(), "UTF-8");
+    if (converter == iconv_t(-1)) throw std::runtime_error("no character set of that name");
+    std::string from(text), to(2 * text.size(), '\0');
+    char *in = from.data(), *out = to.data();
+    std::size_t in_left = from.size(), out_left = to.size();
+    const std::size_t failed = iconv(converter, &in, &in_left, &out, &out_left);
+    iconv_close(converter);
+    if (failed == std::size_t(-1)) throw std::runtime_error("cannot be spelled: " + from);
+    to.resize(to.size() - out_left);
+    return to;
 }
 
-}  // namespace
-
-Sound Speak(const Customer& customer) {
-    const std::string bytes =
-        OutputOf({CUSTOMER_VOICE, std::string(customer.engine), std::string(customer.voice),
-                  std::to_string(customer.pitch), std::to_string(customer.pace),
-                  std::string(customer.greeting)});
-    std::int32_t rate = 0;  // the output: the rate, then 16-bit samples
+/// By the engines that are libraries: customer_voice gives the rate, then 16-bit samples.
+Sound ByLibrary(const Speaker& speaker, std::string_view text, const ScratchFolder& scratch) {
+    const std::string bytes = RunProgram(
+        {CUSTOMER_VOICE, std::string(speaker.engine), std::string(speaker.name), std::string(text)},
+        scratch);
+    std::int32_t rate = 0;
     if (bytes.size() <= sizeof rate) throw std::runtime_error("the voice said nothing");
     std::memcpy(&rate, bytes.data(), sizeof rate);
     Sound sound{rate, {}, false};
@@ -93,6 +64,52 @@ Sound Speak(const Customer& customer) {
         sound.samples.push_back(sample / 32768.0);
     }
     return sound;
+}
+
+Sound ByFestival(const Speaker& speaker, std::string_view text, const ScratchFolder& scratch) {
+    const fs::path commands = scratch.Path() / "say.scm", said = scratch.Path() / "festival.wav";
+    std::ostringstream lines;
+    lines << "(voice_" << speaker.name << ")\n"
+          << "(set! said (Utterance Text \"" << Encoded(text, speaker.charset) << "\"))\n"
+          << "(utt.synth said)\n"
+          << "(utt.save.wave said \"" << said.string() << "\" 'riff)\n";
+    WriteFile(commands, lines.str());
+    RunProgram({FESTIVAL, "-b", commands.string()}, scratch);
+    return ReadWave(ReadFile(said));
+}
+
+std::string InWords(double number) {
+    std::ostringstream text;
+    text << number;
+    return text.str();
+}
+
+Sound Changed(const Sound& said, const Speaker& speaker, const Customer& customer,
+              const ScratchFolder& scratch) {
+    const fs::path from = scratch.Path() / "said.wav", to = scratch.Path() / "changed.wav";
+    Effect plain{};
+    plain.rate = said.rate;
+    plain.bits = 16;
+    WriteFile(from, WaveFile(plain, said));
+    RunProgram({PRAAT, "--no-pref-files", "--no-plugins", "--run", CHANGE_VOICE, from.string(),
+                to.string(), std::to_string(speaker.lowest_pitch),
+                std::to_string(speaker.highest_pitch), InWords(customer.formants),
+                std::to_string(customer.pitch), InWords(customer.melody), InWords(customer.pace)},
+               scratch);
+    return ReadWave(ReadFile(to));
+}
+
+}  // namespace
+
+Sound Speak(const Customer& customer, std::string_view words) {
+    const Speaker* speaker = FindSpeaker(customer.speaker);
+    if (speaker == nullptr)
+        throw std::runtime_error("there is no speaker " + std::string(customer.speaker));
+    if (words.empty()) words = customer.spelling.empty() ? customer.greeting : customer.spelling;
+    const ScratchFolder scratch;
+    const Sound said = speaker->engine == "festival" ? ByFestival(*speaker, words, scratch)
+                                                     : ByLibrary(*speaker, words, scratch);
+    return customer.Unchanged() ? said : Changed(said, *speaker, customer, scratch);
 }
 
 }  // namespace tamlo::soundsmith

@@ -11,7 +11,7 @@
 
 #include "customers/cast.h"
 #include "loudness.h"
-#include "report/wave_reader.h"
+#include "wave_reader.h"
 
 namespace tamlo::soundsmith {
 

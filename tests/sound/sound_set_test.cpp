@@ -120,7 +120,7 @@ TEST(SoundSet, LastsAsLongAsTheGameNeeds) {
         EXPECT_GE(Seconds(Wave(limit.name)), limit.at_least) << limit.name << ": " << limit.why;
         EXPECT_LE(Seconds(Wave(limit.name)), limit.at_most) << limit.name << ": " << limit.why;
     }
-    for (const soundsmith::Customer& customer : soundsmith::kCast) {
+    for (const soundsmith::Customer& customer : soundsmith::cast) {
         EXPECT_GE(Seconds(Wave(customer.effect)), 0.25) << customer.effect;
         EXPECT_LE(Seconds(Wave(customer.effect)), 2.5) << customer.effect;
     }
@@ -140,7 +140,7 @@ TEST(Customers, SpeakAndNothingElseDoes) {
 
 TEST(Customers, WomenComeBeforeMenAndHigher) {
     double lowest_woman = 1000, highest_man = 0;
-    for (const soundsmith::Customer& customer : soundsmith::kCast) {
+    for (const soundsmith::Customer& customer : soundsmith::cast) {
         const int number = std::atoi(customer.effect.substr(5).data());
         const double pitch = VoiceOf(customer.effect).pitch;
         if (number <= 60) lowest_woman = std::min(lowest_woman, pitch);
@@ -150,17 +150,17 @@ TEST(Customers, WomenComeBeforeMenAndHigher) {
 }
 
 TEST(Customers, AreFortyDifferentPeople) {
-    const auto& cast = soundsmith::kCast;
+    const auto& people = soundsmith::cast;
     std::vector<soundsmith::VoiceMeasures> voices;
-    for (const auto& customer : cast) voices.push_back(VoiceOf(customer.effect));
-    for (std::size_t a = 0; a < cast.size(); ++a) {
+    for (const auto& customer : people) voices.push_back(VoiceOf(customer.effect));
+    for (std::size_t a = 0; a < people.size(); ++a) {
         for (std::size_t b = 0; b < a; ++b) {
-            EXPECT_NE(cast[a].greeting, cast[b].greeting);
+            EXPECT_NE(people[a].greeting, people[b].greeting);
             const double semitones = 12 * std::log2(voices[a].pitch / voices[b].pitch);
             EXPECT_GT(
                 std::hypot(soundsmith::Distance(voices[a].colour, voices[b].colour), semitones),
                 3.5)
-                << cast[a].effect << " and " << cast[b].effect;
+                << people[a].effect << " and " << people[b].effect;
         }
     }
 }

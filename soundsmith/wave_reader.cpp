@@ -1,5 +1,5 @@
 // The chunks of a wave file.
-#include "report/wave_reader.h"
+#include "wave_reader.h"
 
 #include <algorithm>
 #include <cstdint>

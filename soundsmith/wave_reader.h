@@ -1,4 +1,5 @@
-// Reads a wave file of the set back, so that what is measured is what will be heard.
+/// Reads wave files: those of the set, so that what is measured is what will be heard, and what the
+/// speech programs wrote.
 #pragma once
 
 #include <string_view>
