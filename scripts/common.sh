@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2154
-# What ./play and ./test share: installing, building, and telling how it goes. Read by bash with
+# What ./play and ./test share: installing, building, and reporting progress. Read by bash with
 # `root` set to the folder of the project.
 
 . "$root/scripts/packages.sh"
@@ -7,15 +7,15 @@
 logs=$root/build/logs
 child=
 
-# Something that takes long is told of every so many seconds.
+# Seconds between reports on something that takes long.
 telling=15
 
 # Ctrl+C reaches a child in the background only through us.
 trap '[ -z "$child" ] || kill "$child" 2>/dev/null; exit 130' INT
 trap '[ -z "$child" ] || kill "$child" 2>/dev/null; exit 143' TERM HUP
 
-# run WHAT LOG COMMAND...: runs the command quietly, its output in the log. Says WHAT once it takes
-# a second or two, then how far it is; on failure shows the end of the log.
+# run WHAT LOG COMMAND...: runs the command quietly, its output in the log. Says WHAT after two
+# seconds, then reports progress; on failure shows the end of the log.
 run() {
     local what=$1 log=$logs/$2 begin=$SECONDS told=0 step=0.02 percent
     shift 2
@@ -81,16 +81,16 @@ install_packages() {
         { apt_get update && apt_get install --no-install-recommends "$@"; }
 }
 
-# need WHY PACKAGE...: installs what is missing of them; fails, with a message, if it cannot.
+# need WHY PACKAGE...: installs those that are missing; fails with a message if it cannot.
 need() {
     local why=$1 absent
     shift
-    command -v dpkg-query >/dev/null || return 0  # no Debian: the build will tell
+    command -v dpkg-query >/dev/null || return 0  # not Debian: the build will fail and say why
     absent=$(missing "$@")
     [ -n "$absent" ] || return 0
     if ! can_be_root; then
         echo "Missing $why: $absent" >&2
-        echo "Neither root nor sudo is at hand. Please have this run as root:" >&2
+        echo "Neither root nor sudo is available. Please run this as root:" >&2
         echo "    apt-get install --no-install-recommends $absent" >&2
         return 1
     fi
@@ -102,7 +102,7 @@ need() {
 build() {
     local folder=build
     [ "$2" = default ] || folder=build-$2
-    # A folder that make has built, before Ninja was asked for, begins again.
+    # A folder that was configured for make is configured again.
     grep -qs 'CMAKE_GENERATOR:INTERNAL=Unix' "$folder/CMakeCache.txt" && rm -rf "$folder/CMakeCache.txt" "$folder/CMakeFiles"
     run "Preparing to build" build.log cmake --preset "$2" "${@:4}" || return
     run "$1" build.log env NINJA_STATUS='[%p] ' cmake --build --preset "$2" ${3:+--target "$3"}

@@ -1,4 +1,4 @@
-// What the game says of itself, for all who go through it: monkeys, and those who measure voices.
+// What the game says by itself, for the tests that go through it: monkeys, and measures of voices.
 #pragma once
 
 #include <array>

@@ -20,7 +20,7 @@ namespace tamlo {
 /// Where a game is rehearsed: its Documents folder lives on from one run to the next.
 class RehearsedGame {
   public:
-    /// What a test may do at rest behind the script's last step: give more steps, or none.
+    /// What a test may do at rest after the script's last step: give more steps, or none.
     /// `asked` is the last text that was spoken.
     using Improviser =
         std::function<std::vector<Step>(const GameState& gs, const std::string& asked)>;
@@ -33,7 +33,7 @@ class RehearsedGame {
         return performance;
     }
 
-    /// Runs some operations of the game alone, as they are behind the start-up, to their end.
+    /// Runs some operations of the game alone, as they are after the start-up.
     Performance Perform(std::string_view script_text, const std::function<void(Form1&)>& act) {
         // The last step never comes: the operations may take all the time they want.
         const std::string script = std::string(script_text) + "\nafter 900000000 escape";

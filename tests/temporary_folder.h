@@ -1,4 +1,4 @@
-// A fresh folder for one test, removed behind it with everything in it.
+// A fresh folder for one test, removed after it with everything in it.
 #pragma once
 
 #include <stdlib.h>

@@ -14,7 +14,7 @@ inline std::string LittleEndian(std::uint32_t number, int size) {
     return bytes;
 }
 
-/// A chunk with its head, and a byte behind it when its length is odd.
+/// A chunk with its head, and a byte after it when its length is odd.
 inline std::string Chunk(std::string_view id, std::string_view content) {
     std::string bytes(id);
     bytes += LittleEndian(static_cast<std::uint32_t>(content.size()), 4);

@@ -2,7 +2,7 @@
 // comes to rest or to its end, and on the way there holds what must always hold.
 //
 // The input is a text: a character that says which file there is at the start, then one for each
-// step of the script, and behind a '|' the bytes of that file.
+// step of the script, and after a '|' the bytes of that file.
 #include <array>
 #include <string>
 #include <variant>
@@ -38,7 +38,7 @@ class Reader {
     explicit Reader(std::string_view input) : input_(input) {}
 
     bool AtEnd() const { return input_.empty(); }
-    /// The next byte; 0 behind the last.
+    /// The next byte; 0 after the last.
     unsigned Take() { return TakeValue<std::uint8_t>(input_); }
 
     std::string Key() {
@@ -60,7 +60,7 @@ class Reader {
     }
 
   private:
-    /// A key soon behind the one before, a second to half a minute.
+    /// A key soon after the one before, a second to half a minute.
     std::string After() {
         Take();
         const unsigned byte = Take();

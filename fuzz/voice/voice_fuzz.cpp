@@ -13,7 +13,7 @@
 namespace tamlo {
 namespace {
 
-/// Samples that a text gives, cut off behind a minute.
+/// Samples that a text gives, cut off after a minute.
 std::size_t Samples(Synthesizer& voice, const std::string& text, int number) {
     std::size_t samples = 0;
     const auto most = static_cast<std::size_t>(voice.Rate(number)) * 60;

@@ -38,7 +38,7 @@ class Listener {
         for (std::size_t i = 0; i < stereo.size(); i += 2) heard.push_back(stereo[i]);
     }
 
-    /// Pulls until the voice is silent; nothing is heard behind it.
+    /// Pulls until the voice is silent; nothing is heard after it.
     void HearOut(double most_seconds = 60) {
         const auto most = heard.size() + static_cast<std::size_t>(most_seconds * stream_rate);
         while (engine_view_->Status() == RunningState::speaking) {

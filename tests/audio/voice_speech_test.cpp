@@ -26,7 +26,7 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
 
-/// Says every text as a steady level of 0.5 for as many milliseconds as the text's number, behind
+/// Says every text as a steady level of 0.5 for as many milliseconds as the text's number, after
 /// 100 ms of silence. "hang" answers only when it is let go; "silence" gives silence.
 class FakeSynthesizer : public Synthesizer {
   public:
@@ -87,7 +87,7 @@ TEST(VoiceSpeech, QueuedTextsComeInOrderWithAPauseBetweenThem) {
         EXPECT_NEAR(static_cast<double>(last - first) / stream_rate, lengths[i], 0.001);
         expected_start = last + stream_rate * 130 / 1000;
     }
-    // None behind the last.
+    // None after the last.
     EXPECT_NEAR(Seconds(fake.listener.heard), 0.2 + 0.13 + 0.05 + 0.13 + 0.3, 0.006);
 }
 

@@ -53,7 +53,7 @@ TEST(WaveFile, ReadsWhatIsThere) {
          {0, 256}},
         {"highest rate", WaveFile(FormatChunk(1, 200000, 16) + data), 200000, 1, four},
         {"longer format chunk", WaveFile(Extensible(1) + data), 22050, 1, four},
-        {"chunks before, between and behind",
+        {"chunks before, between and after",
          WaveFile(Chunk("JUNK", "odd") + mono + Chunk("LIST", "") + data + Chunk("data", "zz")),
          22050, 1, four},
         {"no frames", WaveFile(mono + Chunk("data", "")), 22050, 1, {}},
@@ -63,7 +63,7 @@ TEST(WaveFile, ReadsWhatIsThere) {
          2,
          {1, 2}},
         {"cut in the data", WaveFile(mono + data).substr(0, 12 + 24 + 8 + 5), 22050, 1, {1, -2}},
-        {"cut behind the data's head", WaveFile(mono + data).substr(0, 12 + 24 + 8), 22050, 1, {}},
+        {"cut after the data's head", WaveFile(mono + data).substr(0, 12 + 24 + 8), 22050, 1, {}},
         {"size of the data never filled in",
          "RIFF" + LittleEndian(0, 4) + "WAVE" + mono + "data" + LittleEndian(0xFFFFFFFF, 4) +
              Sixteen({5, 6}),

@@ -18,7 +18,7 @@ SAVED_GAME = os.path.join(os.path.dirname(__file__), "../../fuzz/saved_game/corp
 
 
 def is_running(process):
-    """Whether there is a process of that number; a dead one that nobody has asked for is none."""
+    """Whether a process of that number runs; a zombie does not."""
     try:
         with open(f"/proc/{process}/stat", encoding="ascii") as file:
             return file.read().rpartition(")")[2].split()[0] != "Z"
@@ -176,7 +176,7 @@ class SecondGame(Ending):
 
 
 class Disk(Ending):
-    """A disk of a few kilobytes, which nobody sees but the game."""
+    """A disk of a few kilobytes, which only the game sees."""
 
     def test_that_is_full_is_told_and_the_game_goes_on(self):
         mount = f"mount -t tmpfs -o size=16k disk '{self.files}'"
@@ -195,7 +195,7 @@ class Disk(Ending):
 
 
 class Signals(Ending):
-    """Those that nobody sent to end the game."""
+    """Signals that nobody sends to end the game."""
 
     def test_a_limit_of_file_sizes_is_told_and_the_game_goes_on(self):
         game = self.start(NO_SOUND, stdin=subprocess.PIPE,

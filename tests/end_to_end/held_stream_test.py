@@ -1,4 +1,4 @@
-"""What PulseAudio holds is made anew with every change, in mid-tone, and outlasts a program that
+"""What PulseAudio holds is rendered again at each change, in mid-tone, and outlasts a program that
 stands still for a moment; neither is heard."""
 
 import array

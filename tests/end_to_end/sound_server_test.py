@@ -13,7 +13,7 @@ GAME = sys.argv[1]
 BACK = 3  # until the game is heard again; 0.05 to 0.4 on a quiet one
 ANSWERED = 3  # until a key is answered, heard or not
 ENDED = 5
-HELD = 0.3   # that may sound on when the server goes on; it holds 0.128
+HELD = 0.3   # may still sound when the server continues; it holds 0.128
 BEGUN = 10  # 1.5 on a quiet one; the server's own limit for a connection is 30
 
 
@@ -32,7 +32,7 @@ class TakenAway(Case):
         return server, game
 
     def heard_again(self, server):
-        """Called when the server is back. The game says again what nobody heard, of itself."""
+        """Called when the server is back. The game itself says again what nobody heard."""
         since = time.monotonic()
         wait_until(lambda: server.first_sound(since), "sound")
         self.soon(server.first_sound(since) - since, BACK, "heard again")
@@ -135,7 +135,7 @@ class TakenAway(Case):
         self.ends_without_an_answer(PipeWireServer)
 
     def test_no_voice(self):
-        """The speech libraries are none; the sounds are heard, and the game goes on in print."""
+        """Without speech libraries the sounds are heard, and the game continues in print."""
         server = self.own(SoundServer(self.folder))
         libraries = os.path.join(self.folder, "libraries")
         os.mkdir(libraries)

@@ -100,7 +100,7 @@ class SoundServer:
         return not self.heard(now - seconds, now)
 
     def halt(self):
-        """Nobody answers any more, but nobody is gone either."""
+        """The server no longer answers, but has not ended."""
         self._signal(signal.SIGSTOP)
 
     def go_on(self):
@@ -111,7 +111,7 @@ class SoundServer:
             server.send_signal(number)
 
     def pause(self, paused):
-        """Has the server pause its sink, as for another user of the machine, or go on."""
+        """Has the server pause its sink, as for another user of the machine, or resume it."""
         subprocess.run(["pactl", "suspend-sink", "null", str(int(paused))], check=True,
                        env=dict(os.environ, **self.environment))
 

@@ -1,5 +1,5 @@
 // A working day on a disk that fails: at every operation in turn, in every way. Nothing is lost
-// or half written, what concerns the player is said, and the game goes on.
+// or half written, what concerns the player is said, and the game continues.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -11,8 +11,8 @@
 namespace tamlo {
 
 enum class FaultKind {
-    once,         ///< that operation fails, and those behind it work again
-    stuck,        ///< it fails and so does every one behind it
+    once,         ///< that operation fails, and those after it work again
+    stuck,        ///< it fails and so does every one after it
     unwritable,   ///< from there on nothing can be written, renamed or deleted
     unreadable,   ///< from there on nothing can be read
     vanished,     ///< just before it somebody deletes the file that it is about

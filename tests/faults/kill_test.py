@@ -68,7 +68,7 @@ class Machine:
             (work / name).write_text(script, encoding="utf-8")
 
     def run(self, script, documents, strace=(), longest_file=None):
-        """longest_file: bytes behind which a write stops short and the next one fails."""
+        """longest_file: bytes after which a write stops short and the next one fails."""
         def limit():
             if longest_file is not None:
                 resource.setrlimit(resource.RLIMIT_FSIZE, (longest_file, longest_file))

@@ -163,7 +163,7 @@ class RecordedDay:
         yield from wrong_start(self.day.machine, documents)
         log = contents(documents)["tamlolog.txt"]
         if b"\0" in log or re.search(b"[^\r]\n", log) or not log.endswith(b"\r\n"):
-            yield "behind the next start the log is still spoilt: " + repr(log[-40:])
+            yield "after the next start the log is still spoilt: " + repr(log[-40:])
 
 
 def apply(image, write):

@@ -23,8 +23,8 @@ struct Fault {
 
 struct LifePlan {
     std::uint64_t seed = 0;
-    std::int64_t keys = 0;       ///< the life ends with the first run behind so many
-    std::int64_t fault_at = -1;  ///< a made-up fault behind so many keys; none below 0
+    std::int64_t keys = 0;       ///< the life ends with the first run after so many
+    std::int64_t fault_at = -1;  ///< a made-up fault after so many keys; none below 0
     std::string sounds;          ///< folder of the wave files
 };
 

@@ -13,7 +13,7 @@
 
 namespace tamlo {
 
-/// A key and when it is pressed: at rest, or some ticks behind the key before.
+/// A key and when it is pressed: at rest, or some ticks after the key before.
 struct Stroke {
     int key = 0;
     Ticks after = 0;  ///< 0: at rest

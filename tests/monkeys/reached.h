@@ -14,7 +14,7 @@ class Reached {
   public:
     Reached();
 
-    /// Looks at whole lines of a trace, one behind the other. A new run begins at its start.
+    /// Looks at whole lines of a trace, one after the other. A new run begins at its first line.
     void Look(std::string_view lines);
     void Count(const std::string& what, std::int64_t times = 1) { counts_[what] += times; }
     /// What has been reached too rarely: all of it at least once, some things `least` says.

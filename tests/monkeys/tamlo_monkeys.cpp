@@ -20,8 +20,8 @@ constexpr const char* usage =
     "usage: tamlo-monkeys [--keys N] [--seed S] [--lives N] [--made-up-fault N] [--keep DIR]\n"
     "  --keys N           keys to press in all (100000)\n"
     "  --seed S           seed of the first life; the next ones count up from it (1)\n"
-    "  --lives N          ends behind so many lives, and reports nothing as too rare\n"
-    "  --made-up-fault N  a fault behind N keys, to see what is made of one\n"
+    "  --lives N          ends after so many lives; reports nothing as too rare\n"
+    "  --made-up-fault N  a fault after N keys, to see what happens then\n"
     "  --keep DIR         where a faulty run is kept (monkeys-fault)\n"
     "ends with 0, with 1 for a fault, with 2 for something reached too rarely\n";
 

@@ -82,8 +82,8 @@ TEST(Doctor, EscapeGoesToTheVerdictAndTheReport) {
     EXPECT_NE(check.Report().find("All 93 sound files are in order."), std::string::npos);
     EXPECT_NE(check.Report().find("in blocks of 256 frames"), std::string::npos);
 
-    const auto again = check.Run(
-        "press up up enter\nupon \"3 voices are installed\" escape\npress enter");
+    const auto again =
+        check.Run("press up up enter\nupon \"3 voices are installed\" escape\npress enter");
     EXPECT_EQ(again.Count("No screen reader is running."), 1) << "a part is left";
     EXPECT_EQ(again.Count("sound files are in order"), 1);
     EXPECT_EQ(again.Events().back(), "end");
