@@ -1,0 +1,171 @@
+#include "linux/voice/voice_family.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+#include "linux/voice/speaker_messages.h"
+
+namespace tamlo {
+namespace {
+
+using Kind = SpeakerMessage::Kind;
+
+constexpr int most_failures = 3;
+/// -50 dB of full scale.
+constexpr int audible = 104;
+/// Seconds of silence after which a text counts as one that is not spoken.
+constexpr int longest_silence = 3;
+/// Seconds that a text may take, and more for each of its characters. The slowest rate takes 0.2 s.
+constexpr std::size_t shortest_limit = 10;
+
+int Milliseconds(std::chrono::milliseconds time) {
+    return static_cast<int>(std::max<std::int64_t>(time.count(), 0));
+}
+
+/// Whether a text must be heard: others may be nothing but pauses.
+bool MustSound(const std::string& text) {
+    return std::any_of(text.begin(), text.end(), [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    });
+}
+
+/// Follows what comes of one text.
+class TextWatch {
+  public:
+    TextWatch(const std::string& text, int rate)
+        : silent_(MustSound(text)),
+          longest_(static_cast<std::size_t>(rate) * (shortest_limit + text.size())),
+          longest_silent_(static_cast<std::size_t>(rate * longest_silence)) {}
+
+    void Take(std::span<const std::int16_t> samples) {
+        count_ += samples.size();
+        if (!silent_) return;
+        silent_ = std::none_of(samples.begin(), samples.end(),
+                               [](int sample) { return std::abs(sample) > audible; });
+    }
+    /// Whether it must have been heard and was not.
+    bool Silent() const { return silent_; }
+    bool SilentForLong() const { return silent_ && count_ > longest_silent_; }
+    bool Endless() const { return count_ > longest_; }
+
+  private:
+    bool silent_;
+    std::size_t count_ = 0;
+    const std::size_t longest_;
+    const std::size_t longest_silent_;
+};
+
+}  // namespace
+
+VoiceFamily::VoiceFamily(std::shared_ptr<VoiceHost> host, std::shared_ptr<VoiceReports> reports,
+                         int family, const VoicePatience& patience)
+    : host_(std::move(host)), reports_(std::move(reports)), family_(family), patience_(patience) {}
+
+VoiceFamily::~VoiceFamily() {
+    if (speaker_.socket) host_->Kill(speaker_.number);
+}
+
+void VoiceFamily::BeginOpening() {
+    speaker_ = host_->Start(family_);
+    started_ = SteadyClock::now();
+    const bool begun = static_cast<bool>(speaker_.socket);
+    state_ = begun ? State::opening : State::left_out;
+    reports_->Set(family_, begun ? FamilyReport::State::opening : FamilyReport::State::crashed,
+                  !begun);
+}
+
+VoiceFamily::State VoiceFamily::AwaitOpening(std::chrono::milliseconds time) {
+    if (state_ != State::opening) return state_;
+    if (CanReceive(speaker_.socket.Number(), Milliseconds(time))) {
+        SpeakerMessage message;
+        if (ReceiveMessage(speaker_.socket.Number(), message, content_)) {
+            TakeOpened(message, content_);
+        } else {
+            // What has never opened will not the next time either.
+            if (!was_ready_) failures_ = most_failures;
+            Fail(FamilyReport::State::crashed);
+        }
+    } else if (SteadyClock::now() - started_ > patience_.opening_at_all) {
+        failures_ = most_failures;
+        Fail(FamilyReport::State::hung);
+    }
+    return state_;
+}
+
+VoiceFamily::State VoiceFamily::AwaitReopening() {
+    return AwaitOpening(was_ready_ ? patience_.reopening : std::chrono::milliseconds(0));
+}
+
+void VoiceFamily::TakeOpened(const SpeakerMessage& message, const std::vector<char>& content) {
+    if (message.kind != Kind::opened) return;
+    std::vector<std::int32_t> rates(content.size() / sizeof(std::int32_t));
+    std::memcpy(rates.data(), content.data(), rates.size() * sizeof rates[0]);
+    const bool fit = std::all_of(rates.begin(), rates.end(),
+                                 [](int rate) { return rate >= 1 && rate <= 48'000; });
+    state_ = rates.empty() || !fit ? State::missing : State::ready;
+    reports_->Set(
+        family_, state_ == State::ready ? FamilyReport::State::works : FamilyReport::State::missing,
+        state_ == State::missing);
+    if (state_ == State::missing) return;
+    if (!was_ready_) rates_.assign(rates.begin(), rates.end());
+    was_ready_ = true;
+    has_spoken_.assign(rates_.size(), false);
+}
+
+VoiceFamily::Outcome VoiceFamily::Fail(FamilyReport::State how) {
+    host_->Kill(speaker_.number);
+    speaker_.socket.Close();
+    const bool left_out = ++failures_ >= most_failures;
+    reports_->Set(family_, how, left_out);
+    if (left_out) {
+        state_ = State::left_out;
+    } else {
+        BeginOpening();
+    }
+    return how == FamilyReport::State::crashed ? Outcome::crashed : Outcome::failed;
+}
+
+bool VoiceFamily::Send(const SpeakerMessage& message, const std::string& text) {
+    return SendMessage(speaker_.socket.Number(), message, text.data(),
+                       std::min(text.size(), longest_message));
+}
+
+void VoiceFamily::Prepare(int voice) {
+    if (Now() != State::ready) return;
+    Send({Kind::prepare, 0, 0, voice}, "");  // one that has gone is noticed by the next text
+}
+
+VoiceFamily::Outcome VoiceFamily::Speak(const Utterance& utterance, const Synthesizer::Sink& sink) {
+    if (AwaitReopening() != State::ready) return Outcome::failed;
+    const auto voice = static_cast<std::size_t>(utterance.voice);
+    if (voice >= rates_.size()) return Outcome::failed;
+    const int patience = Milliseconds(has_spoken_[voice] ? patience_.sample : patience_.first_text);
+    has_spoken_[voice] = true;
+    ++text_;
+    Send({Kind::speak, text_, utterance.rate, utterance.voice}, utterance.text);
+    TextWatch watch(utterance.text, Rate(utterance.voice));
+    for (SpeakerMessage message;;) {
+        if (!CanReceive(speaker_.socket.Number(), patience)) return Fail(FamilyReport::State::hung);
+        if (!ReceiveMessage(speaker_.socket.Number(), message, content_)) {
+            return Fail(FamilyReport::State::crashed);
+        }
+        if (message.number != text_) continue;  // of a text that was broken off
+        if (message.kind == Kind::done) break;
+        std::vector<std::int16_t> samples(content_.size() / sizeof(std::int16_t));
+        std::memcpy(samples.data(), content_.data(), samples.size() * sizeof samples[0]);
+        watch.Take(samples);
+        if (watch.SilentForLong()) return Fail(FamilyReport::State::silent);
+        const bool endless = watch.Endless();
+        if (endless || !sink(samples)) {
+            Send({Kind::stop, text_, 0, 0}, "");
+            return endless ? Outcome::spoken : Outcome::broken_off;
+        }
+    }
+    if (watch.Silent()) return Fail(FamilyReport::State::silent);
+    failures_ = 0;
+    return Outcome::spoken;
+}
+
+}  // namespace tamlo
