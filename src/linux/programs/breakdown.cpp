@@ -8,6 +8,7 @@
 #include "linux/sound/sound_output.h"
 #include "linux/system/user_dirs.h"
 #include "linux/terminal/printed_lines.h"
+#include "linux/voice/installed_voices.h"
 #include "services/disk_files.h"
 #include "store/data_folder.h"
 #include "text/printable.h"
@@ -54,11 +55,12 @@ void Print(const std::string& line) {
 void Speak(const std::string& text) {
     RunWatched(
         [&] {
+            const InstalledVoices voices;
             SoundOutput sound("");
             sound.AwaitOpening();
             // Without a card the print has to do; nobody needs to wait.
             if (!sound.Audible()) return 0;
-            VoiceSpeech voice;
+            VoiceSpeech voice({}, voices.Maker());
             sound.Attach(voice.Stream());
             voice.CreateEngine()->Speak(text, SpeakFlags::wait);
             sound.Detach(voice.Stream());

@@ -1,6 +1,7 @@
 #include "linux/programs/front_end.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "app/sounds/sound_meanings.h"
@@ -9,24 +10,51 @@
 #include "text/printable.h"
 
 namespace tamlo {
+namespace {
 
-HeardVoice::HeardVoice(SoundOutput& sound, std::function<void()> patience, WriteLine explain,
+/// The families' own patience is shorter: see VoicePatience.
+constexpr std::chrono::seconds longest_silence{10};
+
+}  // namespace
+
+HeardVoice::HeardVoice(const Hearing& hearing, std::function<void()> patience, WriteLine explain,
                        WriteLine unspoken)
-    : sound_(sound),
+    : sound_(hearing.sound),
       explain_(std::move(explain)),
       unspoken_(std::move(unspoken)),
       speech_({.patience =
                    [this, pump = std::move(patience)] {
+                       TellFindings();
                        sound_.TurnClock();
                        pump();
                    },
                .unspoken = [this](std::string_view text) { Show(text); },
-               .silent = [this] { ExplainSilence(); }}) {
+               .silent = [this] { ExplainSilence(); }},
+              hearing.voices.Maker(Hooks()), longest_silence) {
     sound_.Attach(speech_.Stream());
 }
 
 void HeardVoice::Show(std::string_view text) {
     if (unspoken_ && Audible()) unspoken_(PrintableLine(text));
+}
+
+GuardedVoiceHooks HeardVoice::Hooks() {
+    return {.unspoken = [this](std::string_view text) { Show(text); },
+            .explain = [this](std::string_view sentence) { AddFinding(sentence); }};
+}
+
+void HeardVoice::AddFinding(std::string_view sentence) {
+    const std::lock_guard lock(mutex_);
+    findings_.emplace_back(sentence);
+}
+
+void HeardVoice::TellFindings() {
+    std::vector<std::string> findings;
+    {
+        const std::lock_guard lock(mutex_);
+        findings.swap(findings_);
+    }
+    for (const std::string& sentence : findings) explain_(sentence);
 }
 
 void HeardVoice::ExplainSilence() {

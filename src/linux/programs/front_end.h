@@ -1,14 +1,19 @@
 // What the three front ends share: the services of the system, the voice, and the lines to read.
 #pragma once
 
+#include <atomic>
 #include <functional>
+#include <mutex>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "audio/voice/voice_speech.h"
 #include "linux/programs/machine.h"
 #include "linux/sound/sound_output.h"
 #include "linux/system/system_clock.h"
 #include "linux/system/system_random.h"
+#include "linux/voice/installed_voices.h"
 #include "reading/captioned_sound.h"
 #include "reading/captioned_speech.h"
 #include "services/disk_files.h"
@@ -18,6 +23,12 @@ namespace tamlo {
 
 class DesktopWindow;
 struct Platform;
+
+/// Where a session is heard.
+struct Hearing {
+    SoundOutput& sound;
+    const InstalledVoices& voices;
+};
 
 /// How a session ended.
 struct SessionEnd {
@@ -35,9 +46,9 @@ struct SystemServices {
 /// The voice, heard through the sound output for as long as it lives.
 class HeardVoice {
   public:
-    /// `explain` gets the reason if there is no voice, `unspoken` the texts that should have been
-    /// heard and could not be said.
-    HeardVoice(SoundOutput& sound, std::function<void()> patience, WriteLine explain,
+    /// `explain` gets the reason if there is no voice, or another one than usual. `unspoken` gets
+    /// the texts that should have been heard and could not be said, on the voice's thread as well.
+    HeardVoice(const Hearing& hearing, std::function<void()> patience, WriteLine explain,
                WriteLine unspoken = {});
     HeardVoice(const HeardVoice&) = delete;
     HeardVoice& operator=(const HeardVoice&) = delete;
@@ -46,15 +57,21 @@ class HeardVoice {
     Speech& Service() { return speech_; }
     /// Whether there are a voice and a card.
     bool Audible() const { return sound_.Audible() && !silent_; }
+    /// Gives `explain` what the voice's thread has found; to be called now and then.
+    void TellFindings();
 
   private:
     void Show(std::string_view text);
     void ExplainSilence();
+    void AddFinding(std::string_view sentence);
+    GuardedVoiceHooks Hooks();
 
     SoundOutput& sound_;
     WriteLine explain_;
     WriteLine unspoken_;
-    bool silent_ = false;
+    std::atomic<bool> silent_{false};
+    std::mutex mutex_;
+    std::vector<std::string> findings_;
     VoiceSpeech speech_;
 };
 
@@ -72,10 +89,10 @@ struct Captioned {
 /// Runs the session on these services; returns how it ended.
 EndOfProcess RunSession(SoundOutput& sound, const Platform& platform, const Session& session);
 
-SessionEnd PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Session& session);
+SessionEnd PlayInWindow(const Hearing& hearing, DesktopWindow& window, const Session& session);
 /// On standard input, which must be a terminal.
-SessionEnd PlayInTerminal(SoundOutput& sound, const Session& session);
+SessionEnd PlayInTerminal(const Hearing& hearing, const Session& session);
 /// On standard input, whatever it is.
-SessionEnd PlayFromPipe(SoundOutput& sound, const Session& session);
+SessionEnd PlayFromPipe(const Hearing& hearing, const Session& session);
 
 }  // namespace tamlo

@@ -19,23 +19,23 @@
 namespace tamlo {
 namespace {
 
-SessionEnd PlayWherePossible(SoundOutput& sound, const Session& session,
+SessionEnd PlayWherePossible(const Hearing& hearing, const Session& session,
                              const OnFrontEnd& on_front_end) {
     const auto begin = [&](FrontEndInfo::Kind front) {
-        sound.AwaitOpening();
-        if (on_front_end) on_front_end({front, sound});
+        hearing.sound.AwaitOpening();
+        if (on_front_end) on_front_end({front, hearing.sound, hearing.voices});
     };
     std::string why_no_window;
     if (const auto window = DesktopWindow::Open(why_no_window)) {
         begin(FrontEndInfo::Kind::window);
-        return PlayInWindow(sound, *window, session);
+        return PlayInWindow(hearing, *window, session);
     }
     if (::isatty(STDIN_FILENO) != 0) {
         begin(FrontEndInfo::Kind::terminal);
-        return PlayInTerminal(sound, session);
+        return PlayInTerminal(hearing, session);
     }
     begin(FrontEndInfo::Kind::pipe);
-    return PlayFromPipe(sound, session);
+    return PlayFromPipe(hearing, session);
 }
 
 /// The game has ended and is only put away. Who asks for the end once more must not break that off.
@@ -46,9 +46,10 @@ void IgnoreEndSignals() {
 /// The sound is opened before anything that takes time, and a window meanwhile, so that it is awake
 /// when the first word comes.
 SessionEnd Play(const std::string& sounds, const Session& session, const OnFrontEnd& on_front_end) {
+    const InstalledVoices voices;  // before there are threads
     DesktopWindow::Prepare();
     SoundOutput sound(sounds);
-    const SessionEnd ending = PlayWherePossible(sound, session, on_front_end);
+    const SessionEnd ending = PlayWherePossible({sound, voices}, session, on_front_end);
     if (!ending.restart) IgnoreEndSignals();
     return ending;
 }

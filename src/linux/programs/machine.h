@@ -8,13 +8,15 @@
 namespace tamlo {
 
 class Form1;
+class InstalledVoices;
 class SoundOutput;
 
 /// What the program was started with.
 struct FrontEndInfo {
     enum class Kind { window, terminal, pipe };
     Kind kind;
-    const SoundOutput& sound;  ///< lives as long as the session
+    const SoundOutput& sound;       ///< lives as long as the session
+    const InstalledVoices& voices;  ///< as well
 };
 
 /// Called once the front end is known, before the session begins.

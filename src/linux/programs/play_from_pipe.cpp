@@ -13,7 +13,7 @@
 
 namespace tamlo {
 
-SessionEnd PlayFromPipe(SoundOutput& sound, const Session& session) {
+SessionEnd PlayFromPipe(const Hearing& hearing, const Session& session) {
     SystemServices system;
     SignalWatch signals;
     KeyInput keys(STDIN_FILENO, Gaps::lost, system.clock, signals);
@@ -22,8 +22,11 @@ SessionEnd PlayFromPipe(SoundOutput& sound, const Session& session) {
     const auto pump = [&] { events.Pump(); };
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::wait, pump);
     const WriteLine print = [&](const std::string& line) { printer.Print(line); };
-    HeardVoice voice(sound, pump, print);
-    Captioned heard(voice.Service(), sound, system.clock, print);
+    HeardVoice voice(hearing, pump, print);
+    Captioned heard(voice.Service(), hearing.sound, system.clock, [&](const std::string& line) {
+        voice.TellFindings();
+        print(line);
+    });
     SystemDesktop desktop(
         {.message_box = [&](const std::string& text) { ShowMessage(text, events, printer); },
          .beep = [&] { heard.Beep(); },

@@ -27,7 +27,7 @@ LinePrinter::Cursor CursorWanted() {
 
 }  // namespace
 
-SessionEnd PlayInTerminal(SoundOutput& sound, const Session& session) {
+SessionEnd PlayInTerminal(const Hearing& hearing, const Session& session) {
     SystemServices system;
     SignalWatch signals;
     TerminalMode mode(STDIN_FILENO);
@@ -36,12 +36,13 @@ SessionEnd PlayInTerminal(SoundOutput& sound, const Session& session) {
     const auto pump = [&] { events.Pump(); };
     BrailleDisplay braille({.window = {}, .press = [&](int code) { keys.Press(code); }});
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump, CursorWanted());
-    HeardVoice voice(sound, pump, [&](const std::string& line) { printer.Print(line); });
+    HeardVoice voice(hearing, pump, [&](const std::string& line) { printer.Print(line); });
     events.OnStop([&](bool stopped) {
         if (stopped) printer.LeaveLine();
         stopped ? braille.GiveBack() : braille.SetFocus(true);
     });
-    Captioned heard(voice.Service(), sound, system.clock, [&](const std::string& line) {
+    Captioned heard(voice.Service(), hearing.sound, system.clock, [&](const std::string& line) {
+        voice.TellFindings();
         braille.Show(line);
         printer.Print(line);
     });

@@ -3,6 +3,9 @@
 
 #include <unistd.h>
 
+#include <mutex>
+#include <string>
+
 #include "game/form1.h"
 #include "linux/programs/display_farewell.h"
 #include "linux/system/system_desktop.h"
@@ -13,7 +16,7 @@
 
 namespace tamlo {
 
-SessionEnd PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Session& session) {
+SessionEnd PlayInWindow(const Hearing& hearing, DesktopWindow& window, const Session& session) {
     SystemServices system;
     const auto pump = [&] { window.Pump(); };
     BrailleDisplay braille({.window = window.Number(), .press = DesktopWindow::Press});
@@ -21,9 +24,16 @@ SessionEnd PlayInWindow(SoundOutput& sound, DesktopWindow& window, const Session
     window.OnFocus([&](bool focused) { braille.SetFocus(focused); });
     LinePrinter printer(STDOUT_FILENO, LinePrinter::WhenStuck::drop, pump);
     const WriteLine print = [&](const std::string& line) { printer.Print(line); };
-    HeardVoice voice(sound, pump, print, print);
+    // Printed by the voice's thread as well, which must not take the window's events.
+    LinePrinter unspoken(STDOUT_FILENO, LinePrinter::WhenStuck::drop, [] {});
+    std::mutex one_at_a_time;
+    HeardVoice voice(hearing, pump, print, [&](const std::string& line) {
+        const std::lock_guard lock(one_at_a_time);
+        unspoken.Print(line);
+    });
     const DisplayFarewell farewell(window, voice.Service());
-    Captioned heard(voice.Service(), sound, system.clock, [&](const std::string& line) {
+    Captioned heard(voice.Service(), hearing.sound, system.clock, [&](const std::string& line) {
+        voice.TellFindings();
         window.ShowLine(line);
         braille.Show(line);
         if (!voice.Audible()) printer.Print(line);
