@@ -79,6 +79,7 @@ class Voices {
         int loudest = 0;
         voices->Rate(voice);
         voices->Synthesize({text, 0, voice}, [&](auto samples) {
+            if (samples.empty()) return true;
             loudest = *std::max_element(samples.begin(), samples.end());
             all += samples.size();
             return all < 22050UL * 60;
@@ -172,13 +173,19 @@ TEST(GuardedVoices, SpeakAsSoonAsASlowFamilyIsReady) {
 
 TEST(GuardedVoices, AreSilentAtOnceWhenATextIsBrokenOff) {
     Voices voices("works", "works");
-    for (const char* text : {"endless", "hang", "text"}) {
+    for (const char* text : {"endless", "text"}) {
         int pieces = 0;
         voices.voices->Rate(0);
         voices.voices->Synthesize({text, 0, 0}, [&](auto) { return ++pieces < 3; });
         EXPECT_EQ(pieces, 3) << text;
     }
     EXPECT_EQ(voices.Speaker("text"), 1);
+    // Texts in quick succession are no reason to wait for one that hangs.
+    for (int i = 0; i < 30; ++i) {
+        int left = 3;
+        voices.voices->Synthesize({"hang", 0, 0}, [&](auto) { return --left > 0; });
+    }
+    EXPECT_EQ(voices.reports->All()[0].state, State::hung);
 }
 
 TEST(VoiceHost, EndsWithItsSpeakers) {

@@ -17,7 +17,7 @@ struct Utterance {
 
 class Synthesizer {
   public:
-    /// Takes some samples, at most a few hundredths of a second; false breaks off.
+    /// Takes samples, from none to a few hundredths of a second; false breaks off.
     using Sink = std::function<bool(std::span<const std::int16_t>)>;
 
     virtual ~Synthesizer() = default;

@@ -37,8 +37,9 @@ SessionEnd PlayFromPipe(const Hearing& hearing, const Session& session) {
     ObservedFiles files(system.files, activity);
     ObservedDesktop watched_desktop(desktop, activity);
     ObservedRandom random(system.random, activity);
-    const EndOfProcess end = RunSession(
-        sound, {speech, sounds, events, files, system.clock, watched_desktop, random}, session);
+    const EndOfProcess end =
+        RunSession(hearing.sound,
+                   {speech, sounds, events, files, system.clock, watched_desktop, random}, session);
     return {end, desktop.RestartWanted()};
 }
 

@@ -60,7 +60,7 @@ SessionEnd PlayInTerminal(const Hearing& hearing, const Session& session) {
                                    return edited;
                                }});
     const EndOfProcess end = RunSession(
-        sound,
+        hearing.sound,
         {heard.speech, heard.sounds, events, system.files, system.clock, desktop, system.random},
         session);
     return {end, desktop.RestartWanted()};

@@ -46,7 +46,7 @@ SessionEnd PlayInWindow(const Hearing& hearing, DesktopWindow& window, const Ses
                            .beep = [&] { heard.Beep(); },
                            .edit = EditOnDesktop});
     const EndOfProcess end = RunSession(
-        sound,
+        hearing.sound,
         {heard.speech, heard.sounds, window, system.files, system.clock, desktop, system.random},
         session);
     return {end, desktop.RestartWanted()};

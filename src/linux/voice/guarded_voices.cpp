@@ -36,7 +36,7 @@ class Adapter {
             at_ -= 1;
             last_ = sample;
         }
-        return made_.empty() || sink_(made_);
+        return sink_(made_);
     }
 
   private:
@@ -214,8 +214,8 @@ void GuardedVoices::Explain(const Place& place, int rate, const Sink& sink) {
     Say(place, {std::string(notice), rate, 0}, sink);
 }
 
-/// Waits for a family that opens for the first time, for as long as the text is wanted; null if none
-/// comes.
+/// Waits for a family that opens for the first time, for as long as the text is wanted; null if
+/// none comes.
 VoiceFamily* GuardedVoices::AwaitAny(const Sink& sink) {
     constexpr std::array<std::int16_t, 1> nothing = {};
     bool opening = true;

@@ -117,6 +117,7 @@ void VoiceFamily::TakeOpened(const SpeakerMessage& message, const std::vector<ch
 VoiceFamily::Outcome VoiceFamily::Fail(FamilyReport::State how) {
     host_->Kill(speaker_.number);
     speaker_.socket.Close();
+    owing_since_.reset();
     const bool left_out = ++failures_ >= most_failures;
     reports_->Set(family_, how, left_out);
     if (left_out) {
@@ -125,6 +126,19 @@ VoiceFamily::Outcome VoiceFamily::Fail(FamilyReport::State how) {
         BeginOpening();
     }
     return how == FamilyReport::State::crashed ? Outcome::crashed : Outcome::failed;
+}
+
+/// A text that hangs may be broken off while it does. Its family goes on owing a sign, so that
+/// texts in quick succession are no reason to wait for it for ever.
+VoiceFamily::Waited VoiceFamily::AwaitMessage(std::chrono::milliseconds patience,
+                                              const Synthesizer::Sink& sink) {
+    constexpr std::chrono::milliseconds slice{20};
+    const auto end = *owing_since_ + patience;
+    while (!CanReceive(speaker_.socket.Number(), Milliseconds(slice))) {
+        if (SteadyClock::now() >= end) return Waited::in_vain;
+        if (!sink({})) return Waited::not_wanted;
+    }
+    return Waited::message;
 }
 
 bool VoiceFamily::Send(const SpeakerMessage& message, const std::string& text) {
@@ -141,16 +155,25 @@ VoiceFamily::Outcome VoiceFamily::Speak(const Utterance& utterance, const Synthe
     if (AwaitReopening() != State::ready) return Outcome::failed;
     const auto voice = static_cast<std::size_t>(utterance.voice);
     if (voice >= rates_.size()) return Outcome::failed;
-    const int patience = Milliseconds(has_spoken_[voice] ? patience_.sample : patience_.first_text);
+    // One that has just failed gets no more time than usual.
+    const bool first = !has_spoken_[voice] && failures_ == 0;
     has_spoken_[voice] = true;
     ++text_;
     Send({Kind::speak, text_, utterance.rate, utterance.voice}, utterance.text);
     TextWatch watch(utterance.text, Rate(utterance.voice));
+    if (!owing_since_) owing_since_ = SteadyClock::now();
     for (SpeakerMessage message;;) {
-        if (!CanReceive(speaker_.socket.Number(), patience)) return Fail(FamilyReport::State::hung);
+        switch (AwaitMessage(first ? patience_.first_text : patience_.sample, sink)) {
+            case Waited::message: break;
+            case Waited::in_vain: return Fail(FamilyReport::State::hung);
+            case Waited::not_wanted:
+                Send({Kind::stop, text_, 0, 0}, "");
+                return Outcome::broken_off;
+        }
         if (!ReceiveMessage(speaker_.socket.Number(), message, content_)) {
             return Fail(FamilyReport::State::crashed);
         }
+        owing_since_ = SteadyClock::now();
         if (message.number != text_) continue;  // of a text that was broken off
         if (message.kind == Kind::done) break;
         std::vector<std::int16_t> samples(content_.size() / sizeof(std::int16_t));
@@ -159,10 +182,12 @@ VoiceFamily::Outcome VoiceFamily::Speak(const Utterance& utterance, const Synthe
         if (watch.SilentForLong()) return Fail(FamilyReport::State::silent);
         const bool endless = watch.Endless();
         if (endless || !sink(samples)) {
+            owing_since_.reset();
             Send({Kind::stop, text_, 0, 0}, "");
             return endless ? Outcome::spoken : Outcome::broken_off;
         }
     }
+    owing_since_.reset();
     if (watch.Silent()) return Fail(FamilyReport::State::silent);
     failures_ = 0;
     return Outcome::spoken;

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "linux/voice/voice_host.h"
@@ -65,6 +66,8 @@ class VoiceFamily {
     using SteadyClock = std::chrono::steady_clock;
 
     Outcome Fail(FamilyReport::State how);
+    enum class Waited { message, in_vain, not_wanted };
+    Waited AwaitMessage(std::chrono::milliseconds patience, const Synthesizer::Sink& sink);
     void TakeOpened(const SpeakerMessage& message, const std::vector<char>& content);
     bool Send(const SpeakerMessage& message, const std::string& text);
 
@@ -79,7 +82,9 @@ class VoiceFamily {
     std::vector<int> rates_;
     std::vector<bool> has_spoken_;  ///< by voice, since the last start
     int failures_ = 0;              ///< in a row
-    int text_ = 0;                  ///< number of the last text
+    /// Since when it has owed a sign of life; nothing if it owes none.
+    std::optional<SteadyClock::time_point> owing_since_;
+    int text_ = 0;  ///< number of the last text
     std::vector<char> content_;
 };
 
