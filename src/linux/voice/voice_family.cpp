@@ -1,6 +1,7 @@
 #include "linux/voice/voice_family.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <utility>
@@ -17,8 +18,16 @@ constexpr int most_failures = 3;
 constexpr int audible = 104;
 /// Seconds of silence after which a text counts as one that is not spoken.
 constexpr int longest_silence = 3;
-/// Seconds that a text may take, and more for each of its characters. The slowest rate takes 0.2 s.
-constexpr std::size_t shortest_limit = 10;
+/// The longest that a text may take: so many seconds, and so many times what it usually takes.
+constexpr double shortest_limit = 5;
+constexpr double most_times_as_long = 6;
+constexpr double characters_a_second = 15;
+
+double LongestSeconds(const Utterance& utterance) {
+    const double usual = static_cast<double>(utterance.text.size()) / characters_a_second /
+                         std::pow(3.0, utterance.rate / 10.0);
+    return shortest_limit + most_times_as_long * usual;
+}
 
 int Milliseconds(std::chrono::milliseconds time) {
     return static_cast<int>(std::max<std::int64_t>(time.count(), 0));
@@ -34,9 +43,9 @@ bool MustSound(const std::string& text) {
 /// Follows what comes of one text.
 class TextWatch {
   public:
-    TextWatch(const std::string& text, int rate)
-        : silent_(MustSound(text)),
-          longest_(static_cast<std::size_t>(rate) * (shortest_limit + text.size())),
+    TextWatch(const Utterance& utterance, int rate)
+        : silent_(MustSound(utterance.text)),
+          longest_(static_cast<std::size_t>(rate * LongestSeconds(utterance))),
           longest_silent_(static_cast<std::size_t>(rate * longest_silence)) {}
 
     void Take(std::span<const std::int16_t> samples) {
@@ -160,7 +169,7 @@ VoiceFamily::Outcome VoiceFamily::Speak(const Utterance& utterance, const Synthe
     has_spoken_[voice] = true;
     ++text_;
     Send({Kind::speak, text_, utterance.rate, utterance.voice}, utterance.text);
-    TextWatch watch(utterance.text, Rate(utterance.voice));
+    TextWatch watch(utterance, Rate(utterance.voice));
     if (!owing_since_) owing_since_ = SteadyClock::now();
     for (SpeakerMessage message;;) {
         switch (AwaitMessage(first ? patience_.first_text : patience_.sample, sink)) {
@@ -180,11 +189,11 @@ VoiceFamily::Outcome VoiceFamily::Speak(const Utterance& utterance, const Synthe
         std::memcpy(samples.data(), content_.data(), samples.size() * sizeof samples[0]);
         watch.Take(samples);
         if (watch.SilentForLong()) return Fail(FamilyReport::State::silent);
-        const bool endless = watch.Endless();
-        if (endless || !sink(samples)) {
+        if (watch.Endless()) return Fail(FamilyReport::State::hung);
+        if (!sink(samples)) {
             owing_since_.reset();
             Send({Kind::stop, text_, 0, 0}, "");
-            return endless ? Outcome::spoken : Outcome::broken_off;
+            return Outcome::broken_off;
         }
     }
     owing_since_.reset();
