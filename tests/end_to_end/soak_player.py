@@ -43,6 +43,7 @@ class SoakPlayer(Reader):
         self.orders = []
         self.menu = self.goal = None
         self.answer_wanted = None
+        self.rounds = 0  # items to pass by, for the sake of hearing them
         self.leaving = None
         self.driving = False
         self.counts = {}
@@ -100,6 +101,11 @@ class SoakPlayer(Reader):
         return ["Return"]
 
     def choose(self, line):
+        if self.rounds == 0 and line in FIRST and self.chance.random() < 0.25:
+            self.rounds = len(MENUS[self.menu])
+        if self.rounds:
+            self.rounds -= 1
+            return ["Down"]
         if self.menu == "departure":
             return self.depart(line)
         if self.menu == "corner":

@@ -230,7 +230,7 @@ class Soak:
             if keys := player.keys_for(line):
                 time.sleep(0.05)
                 game.press(keys)
-                pressed = time.monotonic() if keys == ["Down"] else None
+                pressed = time.monotonic() if keys == ["Down"] or keys[0][0] == "F" else None
             if player.leaving == "restart" and line.startswith("Tamlo Delivery. version"):
                 player.leaving = None
         self.health.look(game, player)

@@ -9,9 +9,9 @@
 
 namespace tamlo {
 
-/// A pipe cannot hear when it is its turn, so each key waits until the game is at rest (see
-/// Activity). Turn and Pump throw EndOfProcess when a signal asks for the end; Turn also when the
-/// input has ended and the game, at rest, has had its say.
+/// A pipe does not know when the game is ready for a key, so each waits until the game is at rest
+/// (see Activity). Turn and Pump throw EndOfProcess when a signal asks for the end; Turn also when
+/// the input has ended and the game is at rest.
 class PipedEvents : public Events {
   public:
     /// Everything must outlive this object.

@@ -1,4 +1,4 @@
-// Printing lines without ever being held up for good.
+// Printing lines; a reader that takes nothing does not stop the game.
 #include "linux/terminal/printed_lines.h"
 
 #include <poll.h>

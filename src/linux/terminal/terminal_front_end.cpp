@@ -1,4 +1,4 @@
-// Lines and Enter for a message box; the terminal lent to an editor.
+// Lines and Enter for a message box; the terminal given to an editor for a while.
 #include "linux/terminal/terminal_front_end.h"
 
 #include <cstdlib>

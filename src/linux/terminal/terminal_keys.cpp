@@ -1,4 +1,4 @@
-// The tables of what terminals send, and the machine that reads it byte by byte.
+// The tables of what terminals send, and the state machine that reads it byte by byte.
 #include "linux/terminal/terminal_keys.h"
 
 #include <algorithm>
