@@ -1,13 +1,12 @@
-// Where the sounds of the game are, seen from a program of the build, of a package or of an
-// archive.
+// The folder of the game's sounds, for a program in the build, in a package or in an archive.
 #pragma once
 
 #include <string>
 
 namespace tamlo {
 
-/// The first of these that holds the title tune: the program's own folder, the game's folder of a
-/// build, the folder of an installed game. The program's own folder if none does.
+/// The first of these that contains the title tune: the program's own folder, the game's folder in
+/// a build, the folder of an installed game. The program's own folder if none does.
 std::string SoundsFolder();
 
 }  // namespace tamlo

@@ -1,4 +1,4 @@
-// Where the player is: the corner and heading, the layout, and one block of driving.
+// The player's position: the corner and heading, the city's layout, and driving one block.
 #include "city/street_names.h"
 #include "game/form1.h"
 #include "services/desktop.h"
@@ -27,7 +27,7 @@ void Form1::saywhere() {
          ", heading " + gs.dirnames(gs.roz));
 }
 
-// Always the default names, also in a city of the player's own.
+// Always the default names, even in a city that the player has made.
 void Form1::saylay() {
     clk();
     say2(

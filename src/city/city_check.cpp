@@ -12,10 +12,10 @@ namespace {
 using Weight = CityFinding::Weight;
 using Findings = std::vector<CityFinding>;
 
-constexpr std::size_t long_name = 40;  // characters; spoken, that is three seconds at every corner
+constexpr std::size_t long_name = 40;  // characters: three seconds of speech at every corner
 constexpr char end_of_text = 26;
 
-/// As players compare names: letters without regard to case, any blanks as one.
+/// The name as players compare names: without regard to case, several blanks as one.
 std::string Folded(const std::string& name) {
     std::string folded;
     for (const char c : name) {
@@ -136,7 +136,7 @@ void CheckName(const StreetField& field, int number, bool first_of_line, const P
     }
 }
 
-/// The names that fold, or sound, alike: each is told with the first of its kind.
+/// Names that are alike or sound alike: each is reported together with the first such name.
 void CheckAlike(const std::vector<StreetField>& fields, const Pronounce& pronounce,
                 Findings& findings) {
     std::map<std::string, std::size_t> by_text;
@@ -177,7 +177,7 @@ std::string PlaceOfName(int name) {
 
 std::vector<CityFinding> CheckCity(std::string_view bytes, const Pronounce& pronounce) {
     Findings findings;
-    if (bytes.find('\0') != bytes.npos) {  // every further finding would be about the same
+    if (bytes.find('\0') != bytes.npos) {  // every further finding would have the same cause
         return {{Weight::error,
                  "The file is not a text that the game can read. If an editor has saved it as "
                  "UTF-16, or Unicode, save it as UTF-8."}};

@@ -1,4 +1,4 @@
-// What is wrong with a city streets file, told to the player who wrote it.
+// Checking a city streets file, for the player who wrote it.
 #pragma once
 
 #include <functional>
@@ -11,21 +11,22 @@ namespace tamlo {
 struct CityFinding {
     enum class Weight {
         error,  ///< the game refuses the file, or the player can't find a corner
-        hint,   ///< it can be played, but is not as it was meant
+        hint,   ///< the file can be played, but something in it is probably not intended
     };
     Weight weight = Weight::hint;
-    std::string text;  // a sentence, without an end of line
+    std::string text;  ///< a sentence, without a line end
 };
 
-/// What a name sounds like, the same text for names that sound the same; empty if it is silent.
+/// A name's pronunciation: the same text for names that sound the same; empty if the name is
+/// silent.
 using Pronounce = std::function<std::string(const std::string& name)>;
 
-/// Every finding on the content of a streets file, errors first. Without `pronounce` nothing is
-/// said about sound.
+/// All findings about the content of a streets file, errors first. Without `pronounce`, none about
+/// sound.
 std::vector<CityFinding> CheckCity(std::string_view bytes, const Pronounce& pronounce);
 
-/// How a name's place is called: 1 to 45 "road 1" to "road 45", 46 to 147 "street 1" to
-/// "street 102".
+/// What the name with is this number stands for: "road 1" to "road 45" for 1 to 45, "street 1" to
+/// "street 102" for 46 to 147.
 std::string PlaceOfName(int name);
 
 }  // namespace tamlo

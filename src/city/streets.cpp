@@ -13,7 +13,8 @@
 namespace tamlo {
 namespace {
 
-/// Puts a file's names into the tables; false if it has too few. Names read so far stay.
+/// Copies a file's names into the tables; false if there are too few. Those that are there are
+/// kept.
 bool Load(Form1& form, const ReadResult& file) {
     const std::vector<std::string> names = ReadStreetNames(file.bytes);
     int at = 0;
@@ -29,12 +30,12 @@ std::string ChosenCity(const Form1& form) {
 }
 
 std::string ChosenFile(const Form1& form) {
-    // Entry 1 is the default file; a city may be named "original" on disk all the same.
+    // Entry 1 is the default file; a city's file may have the name "original" nevertheless.
     if (form.gs.nsf == 1) return StreetsFileName("original");
     return std::string(streets_prefix) + ChosenCity(form) + std::string(streets_ending);
 }
 
-/// The entry that a letter jumps to, from 2 on; the current one if none begins with it.
+/// The entry, from 2 on, that a letter jumps to; the current one if no name begins with the letter.
 int EntryWithLetter(const Form1& form, int current) {
     for (int entry = 2; entry <= form.gs.ncsf; ++entry) {
         const std::string& name = form.gs.csfnames(entry);
@@ -92,7 +93,7 @@ void Form1::setstreets() {
     if (file.outcome == ReadResult::Outcome::missing) {
         if (!printstreets("original")) gs.nowrite = std::max(gs.nowrite, 1);
     } else if (!Load(*this, file)) {
-        // Never written over: a player may have worked on it for long.
+        // Never overwritten: the player may have put much work into it.
         if (file.outcome == ReadResult::Outcome::failed) gs.noread = std::max(gs.noread, 1);
         gs.sok = 2;
         sos();
@@ -112,7 +113,7 @@ void Form1::glocs() {
     gs.csfnames(1) = "original";
     for (const std::string& file : platform.files.List(gs.datapath, pattern)) {
         const std::size_t around = streets_prefix.size() + streets_ending.size();
-        // The default file stands first, wherever its name falls among the others.
+        // The default file is the first entry, wherever its name is in the order.
         if (file.size() <= around || gs.ncsf == most_streets_files) continue;
         gs.csfnames(++gs.ncsf) = file.substr(streets_prefix.size(), file.size() - around);
     }

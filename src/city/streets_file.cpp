@@ -29,7 +29,7 @@ class FieldReader {
             field = text_.substr(at_ + 1, closing == text_.npos ? closing : closing - at_ - 1);
             at_ = closing == text_.npos ? text_.size() : closing + 1;
         }
-        // What a player left behind a closing quote still belongs to the name.
+        // Text after a closing quote still belongs to the name.
         const std::size_t delimiter = text_.find_first_of(",\r\n", at_);
         field += text_.substr(at_, delimiter == text_.npos ? delimiter : delimiter - at_);
         at_ = delimiter == text_.npos ? text_.size() : delimiter + 1;

@@ -26,7 +26,7 @@ void KnockAndWait(Form1& form) {
     form.dy(0.4);
 }
 
-/// A customer who has not been met in the last twenty deliveries.
+/// Draws a customer who was not met in the last twenty deliveries.
 void DrawCustomer(Form1& form) {
     auto& last = form.gs.lastcust;
     form.seed();
@@ -54,7 +54,7 @@ void Arrive(Form1& form) {
     if (form.gs.gnd == 1) form.dy(0.5);
 }
 
-/// Greets the customer and names the price; returns the price as text.
+/// Greets the customer and tells the price; returns the price as text.
 std::string Greet(Form1& form, int k) {
     const GameState& gs = form.gs;
     form.play("tamlo" + std::to_string(gs.custno));

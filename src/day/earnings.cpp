@@ -29,7 +29,8 @@ void Promote(Form1& form) {
     }
 }
 
-/// The time, holder and date of a record, between words that differ by its fate.
+/// The time, holder and date of a record, joined by words that differ between a kept and a beaten
+/// one.
 std::string Told(const Record& old, const std::string& opening, const std::string& hours,
                  const std::string& on) {
     return opening + Plain(old.hours) + hours + Plain(old.minutes) + " minutes and " +
@@ -37,7 +38,7 @@ std::string Told(const Record& old, const std::string& opening, const std::strin
            "/" + Plain(old.date.day) + "/" + Plain(old.date.year);
 }
 
-/// The new holder's name, asked until it is confirmed.
+/// Asks for the new holder's name until it is confirmed.
 std::string AskHolder(Form1& form) {
     while (true) {
         form.clk();
@@ -50,15 +51,15 @@ std::string AskHolder(Form1& form) {
     }
 }
 
-/// What stands in the record's place on disk.
+/// The record file as it was found.
 struct OldRecord {
     std::optional<Record> record;
-    std::string bytes;        ///< of that record
-    bool in_the_way = false;  ///< something that is no record and must not be written over
+    std::string bytes;        ///< its content
+    bool in_the_way = false;  ///< the file holds something else that must not be overwritten
 };
 
-/// What can't be understood is put aside, told, and counts as none; so does what can't be read,
-/// but that stays where it is.
+/// A file that can't be decoded is renamed, and one that can't be read stays in place. The player
+/// is told, and both count as no record.
 OldRecord ReadRecord(Form1& form) {
     using Outcome = ReadResult::Outcome;
     ReadResult file = form.platform.files.Read(form.path(record_name));

@@ -16,8 +16,8 @@ ListMenu MainMenu() {
             .clear = true};
 }
 
-/// The menu as it goes on behind a newly created file: at the item that edits it, the pending key
-/// kept; a wrong key leads back to the whole menu.
+/// The menu after a file was created: it starts at the item that edits the file and keeps the
+/// pending key; a wrong key leads back to the full menu.
 ListMenu MenuAtEdit(Form1& form) {
     ListMenu menu = MainMenu();
     menu.first = edit_item;

@@ -30,7 +30,7 @@ void CheckSounds(Form1& form) {
 void Form1::startup() {
     platform.events.ShowWindow(" Tamlo Delivery ");
     opensound();
-    starttitle();  // goes on while the rest is brought up
+    starttitle();  // plays during the steps below
     countvoices();
     getdatapath();
     CheckSounds(*this);
@@ -46,7 +46,7 @@ void Form1::startup() {
     ldwv();
     setmaxa();
     dy(0.3);
-    clk();  // a key that cut the title short is not one for the menu
+    clk();  // a key that cut the title short is not meant for the menu
 }
 
 void Form1::countvoices() {

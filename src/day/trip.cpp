@@ -7,9 +7,9 @@
 namespace tamlo {
 namespace {
 
-constexpr int seconds_standing = 70;  // a block costs so many seconds less the speed
+constexpr int seconds_standing = 70;  // driving a block costs this minus the speed
 
-/// What the trip's menus lead to, besides their items.
+/// Results of the trip's menus other than their items.
 enum Choice { repeat_orders = -1, repeat_corner = -2, ask_exit = -3 };
 
 MenuKey DepartureKey(Form1& form) {
@@ -103,7 +103,7 @@ void ArriveAtCorner(Form1& form) {
     form.dy(0.3);
 }
 
-/// Leaving the game from the road loses the career.
+/// Leaving the game on the road deletes the saved game.
 void AskExit(Form1& form) {
     const int answer = form.askYesNo(
         {.question = " Do you wish to exit the game? ", .lead = YesNoPrompt::Lead::pause_clear});
@@ -112,7 +112,7 @@ void AskExit(Form1& form) {
     form.runEnd();
 }
 
-/// One pass at a corner, until a way is chosen: 1 forward, 2 left, 3 right.
+/// Runs the menu at a corner until a way is chosen: 1 forward, 2 left, 3 right.
 int ChooseWay(Form1& form) {
     const ListMenu menu{.prompt = " Select ",
                         .items = {" go forward ", " turn left ", " turn right ", " options menu "},
@@ -131,7 +131,7 @@ void ChangeHeading(GameState& gs, int way) {
     if (way == 3) gs.roz = gs.roz < 4 ? gs.roz + 1 : 1;
 }
 
-/// The first order for this corner, 0 for none. A delivered one stands at corner (-1, -1).
+/// The first order for this corner, 0 if there is none. Delivered orders have the corner (-1, -1).
 int OrderHere(const GameState& gs) {
     for (int k = 1; k <= gs.noos; ++k) {
         if (gs.ordx(k) == gs.rox && gs.ordy(k) == gs.roy) return k;

@@ -9,7 +9,7 @@
 namespace tamlo {
 namespace {
 
-/// The chosen city had too few names: tells so, and asks whether to play all the same.
+/// Tells that the chosen city has too few names, and asks whether to play with the default ones.
 bool PlayWithDefaultNames(Form1& form) {
     form.sos();
     const ListMenu choice{.items = {" return to the main menu. ", " start game "},
@@ -45,7 +45,7 @@ MenuKey RestaurantKey(Form1& form) {
     return form.announce() ? MenuKey::Restart() : MenuKey{};
 }
 
-/// The restaurant menu, until the player delivers; quitting ends the process.
+/// Runs the restaurant menu until the player chooses to deliver; quitting ends the process.
 void RestaurantMenu(Form1& form) {
     const ListMenu menu{
         .items = {" deliver tamlo ", " quit for the day ", " check cash ", " options menu "},
@@ -62,7 +62,7 @@ void RestaurantMenu(Form1& form) {
     }
 }
 
-/// A visit to the restaurant, up to the orders of the next trip.
+/// A visit to the restaurant, until the orders of the next trip are made.
 void Visit(Form1& form) {
     GameState& gs = form.gs;
     gs.engon = 0;
@@ -89,7 +89,7 @@ void Visit(Form1& form) {
 
 bool Form1::startgame() {
     glocs();
-    telltroubles();  // before a day is worked in vain
+    telltroubles();  // before a day's work that could not be saved
     if (gs.ncsf == 1) return true;
     dy(0.2);
     ssf(" select the city streets file to play ");

@@ -1,4 +1,4 @@
-// What the road does to the driver at a corner: crossings, traps, hospitals, the truck, patrols.
+// Road events at a corner: crossings, traps, hospitals, the truck, patrols, random scenes.
 #include <algorithm>
 #include <cmath>
 
@@ -13,8 +13,8 @@
 namespace tamlo {
 namespace {
 
-constexpr int scene_odds = 42;  // one corner in so many, when the draw is
-constexpr int scene_draw = 22;  // this number
+constexpr int scene_odds = 42;  // a scene plays at one corner in so many: when the draw
+constexpr int scene_draw = 22;  // is this number
 constexpr double patrol_base = 91;
 
 /// A railway crossing: a train two times in three.
@@ -41,7 +41,7 @@ void playbust(Form1& form) {
     form.dy(0.3);
 }
 
-/// Plays out a hazard whose corner has been reached; true when the check ends with it.
+/// Plays a hazard; true if the check of the corner ends with it.
 bool PlayHazard(Form1& form, HazardKind kind) {
     switch (kind) {
         case HazardKind::crossing: c4train(form); return true;
@@ -62,7 +62,7 @@ bool PlayHazard(Form1& form, HazardKind kind) {
     return false;
 }
 
-/// The random patrol: true when it stopped the driver.
+/// Draws a random patrol; true if it stopped the driver.
 bool PatrolStops(Form1& form) {
     if (!Patrolled(form.gs.rox, form.gs.roy) || form.gs.sped <= patrol_speed) return false;
     const double odds = patrol_base - form.gs.sped;
@@ -72,7 +72,7 @@ bool PatrolStops(Form1& form) {
     return true;
 }
 
-/// Draws a scene that is none of the last four, and remembers it.
+/// Draws a scene other than the last four, and records it.
 int DrawScene(Form1& form) {
     auto& history = form.gs.evhist;
     int scene = 0;
@@ -111,7 +111,7 @@ void Form1::checkspec() {
     addtime(draw(30, 30));
 }
 
-// The pace of the steps is what is heard as movement: 0.07 s, neither faster nor skipped.
+// The steps of 0.07 s are heard as movement, so every one is waited for in full.
 void Form1::playambu() {
     constexpr int range = 1000;
     constexpr int step = 50;
@@ -134,7 +134,7 @@ void Form1::playambu() {
     gs.wb2.reset();
 }
 
-// Not stopped at the end: the truck drives on to its own end.
+// Not stopped here: the truck's sound plays to its own end.
 void Form1::playtruck() {
     prepare(gs.wbloop, "tamlo34");
     w4s();

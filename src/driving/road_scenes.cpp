@@ -1,5 +1,5 @@
-// The random scenes: something passes the driver. The pace of the pan steps is what is heard as
-// movement, so every delay is waited in full.
+// The random scenes: something passes the driver. The pan steps are heard as movement, so every
+// delay is waited for in full.
 #include "driving/road_scenes.h"
 
 #include "game/form1.h"
@@ -13,7 +13,7 @@ int DrawSide(Form1& form) {
     return form.draw(2) == 1 ? 1 : -1;
 }
 
-/// Moves `wbloop` from one pan to another, the end included when a whole number of steps meets it.
+/// Moves `wbloop` from one pan to another, including the end if it is a whole number of steps away.
 void Sweep(Form1& form, int side, int from, int to, int step, double pause) {
     for (int pan = from; pan >= to; pan -= step) {
         form.gs.wbloop->SetPan(side * pan);
@@ -50,10 +50,11 @@ void Bus(Form1& form, const RoadScene& scene) {
     form.stoploop();
 }
 
-constexpr int spacing = 333;        // pan between one copy and the next
-constexpr int line_end = -2750;     // where the leader's pan ends
-constexpr int silenced = -6400;     // volume of a copy that has gone by
-constexpr int silence_delay = 150;  // each copy is heard so much longer than the one ahead
+constexpr int spacing = 333;     // pan between one copy and the next
+constexpr int line_end = -2750;  // where the leader's pan ends
+constexpr int silenced = -6400;  // volume of a copy that has passed
+constexpr int silence_delay =
+    150;  // additional time for which each copy is heard after the one ahead
 
 void FiveInLine(Form1& form, const RoadScene& scene) {
     GameState& gs = form.gs;

@@ -13,14 +13,14 @@ enum class Movement {
     truck,          ///< as at its fixed corner
     crossing,       ///< loops across in fine steps
     bus,            ///< comes to the centre, halts, goes on
-    five_in_line,   ///< five copies cross one behind the other
+    five_in_line,   ///< five copies cross, one after the other
 };
 
 struct RoadScene {
     std::string_view sound;
     Movement movement;
-    int width = 0;  // pan where it appears and, negated, where it leaves, hundredths of a decibel
-    int step = 0;   // pan steps of the crossing
+    int width = 0;  ///< pan where it appears and, negated, where it leaves; hundredths of a decibel
+    int step = 0;   ///< pan steps of the crossing
 };
 
 /// Numbered from 1 in this order.

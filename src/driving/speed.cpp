@@ -1,4 +1,4 @@
-// How fast to go: one or two digit keys, capped by the vehicle.
+// The speed prompt: one or two digit keys, limited by the vehicle.
 #include "game/form1.h"
 #include "game/vehicles.h"
 #include "services/key_codes.h"
@@ -21,7 +21,8 @@ void Reject(Form1& form) {
     form.dy(0.3);
 }
 
-/// Reads one or two digits into `sped`; a single digit and Enter count tens. False: a wrong key.
+/// Reads one or two digits into `sped`; a single digit followed by Enter counts tens. False after a
+/// wrong key.
 bool TypeSpeed(Form1& form) {
     if (!IsDigitKey(form.gs)) return false;
     const int tens = Digit(form.gs);

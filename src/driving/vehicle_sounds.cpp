@@ -1,4 +1,5 @@
-// The vehicle as it is heard: start, idle, acceleration; the restaurant's loop; the rev switch.
+// The vehicle's sounds (start, idle, acceleration), the restaurant's loop, and the switch of the
+// rev sound.
 #include <cmath>
 
 #include "game/form1.h"
@@ -23,7 +24,7 @@ void Form1::playgo() {
     gs.wbgo->Stop();
 }
 
-// The loops go on where they stopped.
+// The loops continue where they were stopped.
 void Form1::pidl() {
     gs.wbidle->Play(PlayMode::looping);
 }

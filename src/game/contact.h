@@ -1,5 +1,5 @@
-// Whom a player can reach, spoken in the instructions and in the two failure messages. The build
-// sets it (TAMLO_CONTACT_...); the defaults name nobody.
+// How a player reaches the makers: spoken in the instructions and in the two failure messages. Set
+// by the build (TAMLO_CONTACT_...); the defaults name nobody.
 #pragma once
 
 #include <array>

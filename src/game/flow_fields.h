@@ -1,4 +1,4 @@
-// The fields that the flow of the game itself writes: money, promotion, play time, the trip.
+// The fields of the day's flow: money, promotion, play time, the trip.
 #pragma once
 
 #include "game/one_based.h"
@@ -6,21 +6,21 @@
 namespace tamlo {
 
 struct FlowFields {
-    double cash = 0;  // dollars earned, with all their decimals
-    int plast = 1;    // vehicle: 1 scooter, 2 dune buggy, 3 van
+    double cash = 0;  ///< dollars earned, not rounded
+    int plast = 1;    ///< vehicle: 1 scooter, 2 dune buggy, 3 van
 
-    int nhr = 0;     // play time over the days finished: hours,
-    int nmt = 0;     // minutes, 0 to 59,
-    double nsd = 0;  // seconds, 0 to under 60
+    int nhr = 0;     ///< total play time of the finished days: hours,
+    int nmt = 0;     ///< minutes, 0 to 59,
+    double nsd = 0;  ///< seconds, 0 to under 60
 
-    int firsttrip = 1;    // 1 until the first trip of the run, which skips the restaurant menu
-    int saidhome = 1;     // 1 until the restaurant's place has been told
-    int engon = 0;        // 1 once the engine has been started for the trip
-    int oc1 = 1;          // 1 while the road events of the last block are due
-    double triptips = 0;  // tips of the trip, dollars
+    int firsttrip = 1;    ///< 1 until the first trip of the run, which skips the restaurant menu
+    int saidhome = 1;     ///< 1 until the restaurant's location has been spoken
+    int engon = 0;        ///< 1 once the engine has been started for the trip
+    int oc1 = 1;          ///< 1 until the road events of the last block have been played
+    double triptips = 0;  ///< tips of the trip, dollars
 
-    OneBased<int, 20> lastcust;  // customer voices of the last deliveries, newest first
-    int custno = 0;              // customer voice of this delivery: 41 to 60 women, to 80 men
+    OneBased<int, 20> lastcust;  ///< customer voices of the last deliveries, newest first
+    int custno = 0;              ///< customer voice of this delivery: 41 to 60 women, 61 to 80 men
 };
 
 }  // namespace tamlo

@@ -1,5 +1,6 @@
-// The game: one object, one record of fields, and the index of every operation that more than one
-// file needs. Bodies stand in the file of their topic, in the folder of the section's name.
+// The game: one object with one record of fields, and the index of every operation that more than
+// one file calls. An operation is defined in the file of its topic, in the folder named by the
+// section.
 #pragma once
 
 #include <string>
@@ -11,8 +12,8 @@
 
 namespace tamlo {
 
-struct ListMenu;     // speech/menus.h
-struct YesNoPrompt;  // speech/menus.h
+struct ListMenu;     ///< speech/menus.h
+struct YesNoPrompt;  ///< speech/menus.h
 
 class Form1 final : private KeyListener {
   public:
@@ -22,10 +23,10 @@ class Form1 final : private KeyListener {
     GameState gs;
     Platform platform;
 
-    // --- game ------------------------------------------------------------------------------
+    ///< --- game ------------------------------------------------------------------------------
     /// The whole game, from the start-up on. Leaves only by EndOfProcess.
     void Form_Load();
-    /// Start-up: sound, voice, files, settings, saved game; ends before the main menu.
+    /// Start-up: sound, voice, files, settings, saved game; returns before the main menu.
     void startup();
     /// Main menu; returns when a game has been started.
     void mainmenu();
@@ -33,7 +34,7 @@ class Form1 final : private KeyListener {
     bool startgame();
     /// A working day; ends the process.
     [[noreturn]] void workday();
-    /// A trip with the orders handed out; returns at the restaurant, every order delivered.
+    /// A trip with the orders handed out; returns at the restaurant after the last delivery.
     void trip();
     /// The scene at the door for order k.
     void deliver(int k);
@@ -43,10 +44,10 @@ class Form1 final : private KeyListener {
     [[noreturn]] void endgame();
     /// Compares the time with the record, and stores a new one.
     void checkrecord();
-    /// Hands over to the launcher, if there is one, and ends the process.
+    /// Starts the launcher, if there is one, and ends the process.
     [[noreturn]] void runEnd();
 
-    // --- speech ----------------------------------------------------------------------------
+    ///< --- speech ----------------------------------------------------------------------------
     /// Speaks and returns when the text has been spoken in full.
     void say(std::string_view text);
     /// Queues the text and returns at once.
@@ -69,13 +70,15 @@ class Form1 final : private KeyListener {
     void saykey();
     /// One event-processing turn; may sleep up to `rest` seconds if nothing happens.
     void pumpEvents(double rest = 0);
-    /// Counts the voices into `nov`; without one, a message and the end.
+    /// Counts the voices into `nov`; without any, shows a message and ends the process.
     void countvoices();
-    /// A turn of a wait that a key ends: sleeps up to `rest` seconds unless one is pending.
+    /// One event turn of a wait that a key ends: sleeps up to `rest` seconds unless a key is
+    /// pending.
     void keyturn(double rest);
     /// A fresh speech engine with the voice, rate and volume of the settings.
     void setupvoice();
-    /// Runs a list menu; the item chosen, from 1, or what an extra key left it with.
+    /// Runs a list menu; returns the item chosen, from 1, or the value of an extra key that left
+    /// the menu.
     int runMenu(const ListMenu& menu);
     /// Asks a yes/no question: 1 yes, 2 no.
     int askYesNo(const YesNoPrompt& prompt);
@@ -85,11 +88,11 @@ class Form1 final : private KeyListener {
     void adjrate();
     void adjvol();
     void choosegender();
-    /// Begin to read the instructions, or those of the special keys.
+    /// Start reading out the instructions, or those about the special keys.
     void readins();
     void speckeys();
 
-    // --- sound -----------------------------------------------------------------------------
+    ///< --- sound -----------------------------------------------------------------------------
     /// Loads NAME.wav into a buffer field, at `wavol` and its own rate plus one.
     void prepare(std::unique_ptr<SoundBuffer>& buffer, std::string_view name);
     /// Plays to the end; keys stay pending.
@@ -107,23 +110,23 @@ class Form1 final : private KeyListener {
     /// Starts the title sound; waits for its end or a key.
     void starttitle();
     void endtitle();
-    /// The background: a new one at random, faded down and up, stopped.
+    /// The background: start one at random, fade it down and up, stop it.
     void pbg();
     void bgdown();
     void bgup();
     void bgstop();
-    /// Load the vehicle, parking and background sounds; the vehicle's alone.
+    /// Load the sounds of the vehicle, the restaurant and the background; the vehicle's only.
     void ldwv();
     void ldwv2();
-    /// Sets `wcv` to 1 when a wave file is missing or altered.
+    /// Sets `wcv` to 1 if a wave file is missing or altered.
     void checkwave();
 
-    // --- city ------------------------------------------------------------------------------
+    ///< --- city ------------------------------------------------------------------------------
     /// The default street names.
     void sos();
     void saywhere();
     void saylay();
-    /// One block in the heading; a beep at the city limit.
+    /// Drives one block in the heading; at the city limit, beeps and stays.
     void moveblock();
     /// Load the default streets file, or the chosen one.
     void setstreets();
@@ -138,14 +141,14 @@ class Form1 final : private KeyListener {
     void editcity();
     void deletecity();
 
-    // --- orders ----------------------------------------------------------------------------
+    ///< --- orders ----------------------------------------------------------------------------
     /// Makes up the orders of a trip.
     void getord();
     void sayord();
     void saytime();
     void sayctt();
     void sayrealtime();
-    /// Does what F2 to F6 do wherever the driver is; false if the pending key is none of them.
+    /// Does what F2 to F6 do in every menu of the day; false if the pending key is none of them.
     bool announce();
     /// Money as text, into `tp5`.
     void fm5(double dollars);
@@ -154,7 +157,7 @@ class Form1 final : private KeyListener {
     /// Fills the table of toppings.
     void settoppings();
 
-    // --- driving ---------------------------------------------------------------------------
+    ///< --- driving ---------------------------------------------------------------------------
     /// Asks for the speed of the next block.
     void GetSped();
     /// The delivery area of the vehicle.
@@ -174,19 +177,19 @@ class Form1 final : private KeyListener {
     void ppk();
     void stopppk();
     void togcar();
-    /// Seeds chance from the clock; draws the integer part of (random * n) + k.
+    /// Seed the random numbers from the clock; draw the integer part of (random * n) + k.
     void seed();
     int draw(int n, int k = 1);
 
-    // --- store -----------------------------------------------------------------------------
+    ///< --- store -----------------------------------------------------------------------------
     void getdatapath();
     void readCFG();
     void printCFG();
-    /// Tells, once each, that files can't be read or written.
+    /// Says, once each, that files can't be read or written.
     void telltroubles();
     /// Full path of one of the player's files.
     std::string path(std::string_view name) const;
-    /// Renames a file that can't be understood to a new name; false if that fails.
+    /// Renames a file that can't be decoded to a new name; false if that fails.
     bool putaside(const std::string& name);
     /// Starts the daily log with a header; appends a line to it.
     void startlog();

@@ -130,7 +130,7 @@ void SetField(GameState& gs, std::string_view field, std::string_view value) {
 std::string ShowField(const GameState& gs, std::string_view field) {
     const Found found = Find(field);
     if (!found.entry) return "";
-    // The table gives access for writing; nothing is written here.
+    // The table gives non-const access; nothing is written here.
     return std::string(field) + "=" +
            std::visit(Shower{}, found.entry->at(const_cast<GameState&>(gs), found.index));
 }

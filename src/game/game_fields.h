@@ -1,5 +1,5 @@
-// The table of name and member for every field of the game's record, for rehearsals: what a
-// script may `set` and `show`.
+// Access by name to every field of the game's record: what a rehearsal's script may `set` and
+// `show`.
 #pragma once
 
 #include <string>
@@ -9,11 +9,11 @@ namespace tamlo {
 
 struct GameState;
 
-/// What is wrong with setting `field` (a name, or `ordx(1)` for an element of an array) to
-/// `value`; empty if nothing is. Needs no game, so that a script can be refused beforehand.
+/// Why `field` (a name, or `ordx(1)` for an element of an array) can't be set to `value`; empty if
+/// it can. Needs no game, so that a script is checked before it runs.
 std::string WhyNotSet(std::string_view field, std::string_view value);
 
-/// What is wrong with showing `field`; empty if nothing is.
+/// Why `field` can't be shown; empty if it can.
 std::string WhyNotShow(std::string_view field);
 
 /// Gives a field a value. Precondition: WhyNotSet is empty.

@@ -1,5 +1,5 @@
-// Everything the game knows, in one flat record: each folder declares the fields it mainly
-// writes, and every operation may read and write any of them.
+// The game's state in one flat record. Its parts group the fields by subject; every operation may
+// read and write any of them.
 #pragma once
 
 #include "game/city_fields.h"

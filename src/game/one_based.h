@@ -1,4 +1,4 @@
-// Tables counted from 1, as the game counts streets, orders and voices of customers.
+// Arrays indexed from 1, as the game counts streets, orders and customers' voices.
 #pragma once
 
 #include <array>

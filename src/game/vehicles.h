@@ -9,7 +9,7 @@ namespace tamlo {
 
 struct Vehicle {
     std::string_view short_name;
-    int earned_above;              ///< dollars that the driver of the one before has to exceed
+    int earned_above;              ///< dollars that the driver of the previous vehicle must exceed
     std::string_view promotion;    ///< spoken when the driver gets it
     int top_speed;                 ///< miles per hour
     std::string_view too_fast;     ///< spoken for a higher speed

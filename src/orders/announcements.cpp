@@ -1,4 +1,4 @@
-// What a driver would glance at, told on demand: the open orders and the clocks.
+// What the player can ask for at any time: the open orders and the clocks.
 #include <cmath>
 
 #include "game/form1.h"
@@ -11,7 +11,7 @@
 namespace tamlo {
 namespace {
 
-/// " They are expecting ...", told only in the first reading after the orders were made.
+/// " They are expecting ...": only the first time that the orders are read out.
 std::string Expectation(const GameState& gs, int order) {
     if (gs.nst > gs.noos - 1) return "";
     const int minutes = static_cast<int>(std::floor(gs.ordeta(order) / 60.0));
@@ -19,7 +19,7 @@ std::string Expectation(const GameState& gs, int order) {
            " in approximately " + std::to_string(minutes) + " minute" + (minutes == 1 ? "" : "s");
 }
 
-/// A key silences the order being read and, as it stays pending, the rest of them.
+/// A key silences the order being read and, since the key stays pending, the remaining ones.
 void ReadOrder(Form1& form, const std::string& text) {
     if (!form.gs.g.empty()) return;
     form.say2(text);

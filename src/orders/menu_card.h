@@ -19,8 +19,8 @@ inline constexpr std::array<std::string_view, 33> topping_names = {
 
 struct TamloSize {
     std::string_view word;
-    double base;         // dollars a tamlo
-    double per_topping;  // dollars a topping and tamlo
+    double base;         ///< dollars per tamlo
+    double per_topping;  ///< dollars per topping and tamlo
 };
 
 inline constexpr TamloSize extra_large = {" extra large", 17.45, 2.5};

@@ -1,4 +1,4 @@
-// Making up the orders of a trip: how many, how big, with what, where to, at what price.
+// Making up the orders of a trip: quantity, size, toppings, corner, price.
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -14,14 +14,14 @@ namespace tamlo {
 namespace {
 
 constexpr int most_toppings = 6;
-constexpr int seconds_a_block = 40;  // what customers expect
-constexpr int blocks_a_stop = 4;     // what a stop at a door counts for
+constexpr int seconds_a_block = 40;  // expected by customers
+constexpr int blocks_a_stop = 4;     // added for each stop at a door
 
 struct Corner {
     int street, road;
 };
 
-/// The middle of every delivery area; customers reckon the time from there.
+/// The middle of every delivery area, from which the first customer's expected time is counted.
 constexpr Corner area_middle{51, 22};
 
 int Blocks(Corner from, Corner to) {
@@ -37,7 +37,8 @@ int DrawQuantity(Form1& form) {
     return 1;
 }
 
-/// ", ham" · ", ham and onion" · ", ham, onion and steak": no topping twice. Returns how many.
+/// ", ham" · ", ham and onion" · ", ham, onion and steak": no topping occurs twice. Returns their
+/// number.
 int AppendToppings(Form1& form, std::string& text) {
     std::array<int, most_toppings> chosen{};
     const int count = form.draw(most_toppings);
@@ -54,7 +55,7 @@ int AppendToppings(Form1& form, std::string& text) {
     return count;
 }
 
-/// A coordinate within an area of `width` around the middle of `count` streets or roads.
+/// Draws a coordinate from 1 to `count`, within an area of `width` around `middle`.
 int DrawCoordinate(Form1& form, int width, int middle, int count) {
     const double drawn = form.draw(width) + middle - width / 2.0;
     return std::clamp(static_cast<int>(std::floor(drawn)), 1, count);
@@ -68,7 +69,7 @@ Corner DrawCorner(Form1& form) {
     }
 }
 
-/// Expected time at the door of order k, cumulative along the orders.
+/// Expected trip time at the door of order k, counted on from the order before.
 int ExpectedTime(const GameState& gs, int k, Corner corner) {
     if (k == 1) return seconds_a_block * Blocks(area_middle, corner);
     const Corner last{gs.ordx(k - 1), gs.ordy(k - 1)};

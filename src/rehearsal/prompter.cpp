@@ -21,7 +21,7 @@ Prompter::Prompter(std::vector<Step> steps, const FieldAccess& fields, Trace& tr
 void Prompter::Advance(Ticks now, Ticks rest) {
     for (Ticks moment = NextMoment(rest); !Done() && moment <= now; moment = NextMoment(rest)) {
         const Step& step = steps_[next_];
-        // Rest is seen by the event turn that finds it, not before the step was reached.
+        // Rest is noticed in an event turn, and not before the step was reached.
         CarryOut(step, AtRest(step.kind) ? now : moment);
     }
 }

@@ -1,4 +1,4 @@
-// The prompter: carries out a script's steps when their moments come.
+// The prompter: executes a script's steps when they are due.
 #pragma once
 
 #include <deque>
@@ -23,37 +23,37 @@ struct FieldAccess {
 
 class Prompter {
   public:
-    /// A step that waits for the game longer than this has waited in vain.
+    /// A step that waits for the game longer than this has failed.
     static constexpr Ticks patience = 3600 * ticks_per_second;
-    /// From what an `upon` waits for to its key.
+    /// The time between the event of an `upon` and its key.
     static constexpr Ticks reaction = 10;
 
-    /// `fields` is used only once the game runs.
+    /// `fields` is used only while the game runs.
     Prompter(std::vector<Step> steps, const FieldAccess& fields, Trace& trace);
 
-    /// Carries out every step whose moment has come by `now`. The game is, or will be, at rest
-    /// from `rest` on unless it asks for something first; a step at rest waits besides until the
-    /// game has been handed every key pressed before.
+    /// Executes every step that is due by `now`. The game is, or will be, at rest from `rest` on,
+    /// unless it asks for something before. A step that needs rest also waits until the game has
+    /// received every key pressed before.
     void Advance(Ticks now, Ticks rest);
-    /// An utterance has begun to be heard at `begin`, which may lie before steps not yet
-    /// carried out but not before those that were.
+    /// To be called when an utterance begins to be heard, at `begin`: not before the steps already
+    /// executed.
     void Heard(std::string_view text, Ticks begin);
     void SoundStarted(std::string_view name, Ticks now);
 
-    /// When Advance would next do something, as far as is known.
+    /// When Advance will next do something, as far as is known.
     Ticks NextMoment(Ticks rest) const;
-    /// When the present step has waited in vain; `never` for a step that comes by itself.
+    /// When the current step will have failed; `never` for a step that only waits for time.
     Ticks Deadline() const;
-    /// Every step has been carried out.
+    /// Whether every step has been executed.
     bool Done() const { return next_ == steps_.size(); }
-    /// What the present step waits for, for the message that it has not come.
+    /// What the current step waits for, for the message about its failure.
     std::string Waiting() const;
 
-    /// Keys pressed and not yet handed to the game, oldest first.
+    /// Keys pressed but not yet passed to the game, oldest first.
     std::vector<int>& Keys() { return keys_; }
     bool KeysWaiting() const { return !keys_.empty(); }
-    /// Steps to carry out besides those of the script, behind them. Those that are done are
-    /// forgotten, so that a rehearsal can go on for as long as it likes.
+    /// Appends steps to those of the script. Executed steps are dropped, so that a rehearsal of any
+    /// length needs little memory.
     void Add(const std::vector<Step>& steps) {
         steps_.erase(steps_.begin(), steps_.begin() + static_cast<std::ptrdiff_t>(next_));
         next_ = 0;
@@ -69,8 +69,8 @@ class Prompter {
     const FieldAccess& fields_;
     Trace& trace_;
     std::size_t next_ = 0;
-    Ticks reached_ = 0;               ///< when the step before `next_` was carried out
-    std::optional<Ticks> triggered_;  ///< when the present `upon` presses its key
+    Ticks reached_ = 0;               ///< when the step before `next_` was executed
+    std::optional<Ticks> triggered_;  ///< when the current `upon` presses its key
     std::vector<int> keys_;
     std::deque<double> draws_;
 };

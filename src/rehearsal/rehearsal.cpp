@@ -69,7 +69,8 @@ class RehearsedClock final : public Clock {
     Ticks first_tick_;  ///< of the start, since midnight
 };
 
-/// Chance: the script's draws first, then a generator whose numbers are the same everywhere.
+/// Random numbers: the script's draws first, then a generator with the same numbers on every
+/// machine.
 class RehearsedRandom final : public Random {
   public:
     explicit RehearsedRandom(Stage& stage) : stage_(stage) {}
@@ -86,7 +87,7 @@ class RehearsedRandom final : public Random {
     }
 
   private:
-    /// A counter in large odd strides, its bits stirred until neighbours look unrelated.
+    /// A counter with a large odd increment; its bits are mixed so that neighbours look unrelated.
     std::uint64_t Step() {
         state_ += 0x9E3779B97F4A7C15;
         std::uint64_t bits = state_;

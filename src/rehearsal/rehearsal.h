@@ -1,5 +1,5 @@
 // A platform for rehearsals: a virtual clock, keys from a script, and speech and sound that are
-// written down in a trace instead of heard. docs/rehearsal.md tells its rules.
+// written down in a trace instead of heard. docs/rehearsal.md has its rules.
 #pragma once
 
 #include <functional>
@@ -15,7 +15,7 @@
 
 namespace tamlo {
 
-/// The places that the game finds itself in: absolute paths of folders, without a "/" at the end.
+/// The folders of a rehearsal: absolute paths without a "/" at the end.
 struct RehearsalPlaces {
     std::string documents;          ///< the user's Documents folder; empty: there is none
     std::string sounds;             ///< the program's own folder
@@ -23,8 +23,8 @@ struct RehearsalPlaces {
 };
 
 struct RehearsalResult {
-    int exit_status = 0;  ///< 0 to the end of the script or the game's own; 1 waited in vain
-    std::string message;  ///< what was waited for
+    int exit_status = 0;  ///< 0: to the end of the script or of the game; 1: a step has failed
+    std::string message;  ///< what the failed step waited for
 };
 
 class Rehearsal {
@@ -35,15 +35,15 @@ class Rehearsal {
     Rehearsal(const Rehearsal&) = delete;
     Rehearsal& operator=(const Rehearsal&) = delete;
 
-    /// The services, for a game to be made with; it must be gone before the rehearsal is.
+    /// The services for a game, which must be destroyed before the rehearsal.
     Platform Services();
 
-    /// Has the rehearsal go on when its script is done: `more` is asked for further steps each time
-    /// the game is at rest behind the last one, and ends the rehearsal by giving none.
+    /// Continues the rehearsal after its script: each time the game is at rest after the last step,
+    /// `more` returns further steps, or none to end the rehearsal.
     void Improvise(std::function<std::vector<Step>()> more);
 
-    /// Runs the game, which was made before, to its end or that of the script. What the game
-    /// holds must outlive this call, so that its release writes no lines. Call it once.
+    /// Runs the game, which was made before, to its end or that of the script. The game's objects
+    /// must outlive this call, so that their release writes no lines. Call it once.
     RehearsalResult Run(const std::function<void()>& game, FieldAccess fields);
 
   private:

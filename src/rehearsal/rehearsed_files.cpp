@@ -26,7 +26,7 @@ std::string RehearsedFiles::PathFor(const std::string& path) {
     return current_directory_ + '/' + path;
 }
 
-/// What was found, in the form of the path that was looked for: absolute or relative.
+/// The path that was found, absolute or relative as the one that was searched.
 std::string RehearsedFiles::Shown(const std::string& path, std::string found) const {
     if (!found.empty() && !IsAbsolute(path)) found.erase(0, current_directory_.size() + 1);
     return found;

@@ -1,4 +1,4 @@
-// Real files, seen from the rehearsed current directory; each call counts as asking.
+// Real files, seen from the rehearsal's current directory. Each call is reported to the stage.
 #pragma once
 
 #include <string>

@@ -15,8 +15,8 @@ int InRange(int frequency) {
     return std::clamp(frequency, 100, 200'000);
 }
 
-/// Stands for a file that cannot be opened: takes every call, has ended before it starts, and
-/// leaves no line in the trace.
+/// A buffer whose file can't be opened: accepts every call, ends before it starts, and writes no
+/// line to the trace.
 class MissingBuffer final : public SoundBuffer {
   public:
     explicit MissingBuffer(Stage& stage) : stage_(stage) {}
@@ -72,7 +72,7 @@ RehearsedBuffer::RehearsedBuffer(Stage& stage, std::string_view name, WaveLength
 }
 
 RehearsedBuffer::~RehearsedBuffer() {
-    // What the end of the process releases is no act of the game.
+    // What is released at the end of the process is not an event of the game.
     if (std::uncaught_exceptions() == 0) Stop();
     stage_.Remove(*this);
 }
@@ -95,7 +95,7 @@ Ticks RehearsedBuffer::OnceEndsAt() const {
     return since_ + (length_ - position_ + frequency - 1) / frequency;
 }
 
-/// Makes the present moment the one that position and state are counted from.
+/// Makes now the moment from which position and state are counted.
 void RehearsedBuffer::Settle() {
     const Ticks now = stage_.Now();
     const State state = StateAt(now);
@@ -181,7 +181,7 @@ std::optional<WaveLength> RehearsedSound::LengthOf(const std::string& name) {
     if (known != lengths_.end()) return known->second;
     std::optional<WaveLength> length;
     const std::string path = folder_ + '/' + name + ".wav";
-    // Anything but a regular file could keep the reader waiting.
+    // Anything but a regular file could block the reader.
     std::error_code failed;
     if (std::filesystem::is_regular_file(path, failed)) {
         std::ifstream file(path, std::ios::binary);

@@ -1,4 +1,4 @@
-// Sounds that are written down instead of heard, and last as long as their wave files say.
+// Sounds that are written to the trace instead of heard, and last as long as their wave files.
 #pragma once
 
 #include <map>
@@ -11,8 +11,8 @@
 
 namespace tamlo {
 
-/// A buffer made from a file. Its position is counted in hundredths of a sample frame: exactly
-/// what passes in a whole number of ticks at a whole frequency.
+/// A buffer made from a file. Its position is counted in hundredths of a sample frame, so that it
+/// is exact at every tick.
 class RehearsedBuffer final : public SoundBuffer {
   public:
     RehearsedBuffer(Stage& stage, std::string_view name, WaveLength length);
@@ -30,7 +30,7 @@ class RehearsedBuffer final : public SoundBuffer {
     int GetStatus() const override;
     double SecondsLeft() const override;
 
-    /// When its last once-played start ends or has ended, in whole ticks; 0 if there is none.
+    /// When the last sound played once ends or has ended, in whole ticks; 0 if there is none.
     Ticks OnceEndsAt() const;
 
   private:
@@ -59,7 +59,7 @@ class RehearsedSound final : public SoundSystem {
     RehearsedSound(Stage& stage, std::string folder) : stage_(stage), folder_(std::move(folder)) {}
     std::unique_ptr<SoundDevice> CreateDevice() override;
 
-    /// Nothing if there is no such wave file. Looks at each file once.
+    /// Nothing if there is no such wave file. Reads each file once.
     std::optional<WaveLength> LengthOf(const std::string& name);
 
   private:

@@ -18,7 +18,7 @@ class RehearsedEngine final : public SpeechEngine {
     explicit RehearsedEngine(RehearsedSpeech& speech) : speech_(speech) {}
 
     ~RehearsedEngine() override {
-        // The stage has one voice: a newer engine has silenced this one already.
+        // The stage has one voice: a newer engine has already silenced this one.
         if (speech_.newest_ != this) return;
         speech_.newest_ = nullptr;
         TheStage().Hush();

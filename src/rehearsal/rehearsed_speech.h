@@ -1,4 +1,4 @@
-// A voice whose utterances are written down and take a fixed time for each character.
+// A voice whose utterances are written to the trace and take a fixed time per character.
 #pragma once
 
 #include "rehearsal/stage.h"

@@ -51,7 +51,7 @@ bool AllDigits(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
 }
 
-/// A whole number written in digits only; nothing if it is none, or too large.
+/// A whole number written in digits only; nothing if it is something else, or too large.
 std::optional<int> WholeNumber(std::string_view text) {
     int number = 0;
     if (!AllDigits(text)) return {};
@@ -65,8 +65,8 @@ std::optional<double> Probability(std::string_view text) {
     return number && *number >= 0 && *number < 1 ? number : std::nullopt;
 }
 
-/// The numbers of a text of digits in the places of the picture's letters and its other
-/// characters as they stand: "YYYY-MM-DD" gives three.
+/// The three numbers of a text that has digits for the picture's letters, and its other characters:
+/// for "YYYY-MM-DD" the year, month and day.
 std::optional<std::array<int, 3>> ThreeNumbers(std::string_view text, std::string_view picture) {
     if (text.size() != picture.size()) return {};
     std::array<int, 3> numbers{};
@@ -102,8 +102,8 @@ std::optional<TimeOfDay> ReadTimeOfDay(std::string_view text) {
     return TimeOfDay{hour, minute, second};
 }
 
-/// Reads the lines one by one into a script. Each reading of a step returns what is wrong with
-/// it, or an empty text.
+/// Reads lines one by one into a script. Each function that reads a step returns what is wrong, or
+/// an empty text.
 class ScriptReader {
   public:
     explicit ScriptReader(const FieldChecks& checks) : checks_(checks) {}

@@ -1,4 +1,4 @@
-// A rehearsal's script: its steps, and the reading of its text.
+// A rehearsal's script: its steps, and reading it from text.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@
 
 namespace tamlo {
 
-/// One key of a `press` is one step, so that each waits for its own rest.
+/// Each key of a `press` is a step, so that each waits for rest.
 struct Step {
     enum class Kind { press, upon_speech, upon_sound, after, draw, set, show };
     Kind kind = Kind::press;
@@ -36,7 +36,7 @@ struct ScriptError {
     std::string what;
 };
 
-/// What the game says of fields before it runs: what is wrong, or an empty text.
+/// Checks of fields before the game runs: what is wrong, or an empty text.
 struct FieldChecks {
     std::function<std::string(std::string_view field, std::string_view value)> why_not_set;
     std::function<std::string(std::string_view field)> why_not_show;
@@ -49,7 +49,7 @@ std::variant<Script, ScriptError> ReadScript(std::string_view text, const FieldC
 /// from 10 to 255. Nothing if it is none of them.
 std::optional<int> KeyCode(std::string_view key);
 
-/// Reads seconds written in decimals, 0 to 1,000,000,000, as ticks; a part of a tick counts whole.
+/// Reads decimal seconds, 0 to 1,000,000,000, as ticks, rounded up.
 std::optional<Ticks> ReadSeconds(std::string_view text);
 
 }  // namespace tamlo

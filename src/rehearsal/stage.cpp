@@ -10,12 +10,12 @@ namespace tamlo {
 
 namespace {
 
-/// The game is at rest when it has been quiet and asked for nothing for so long.
+/// The game is at rest after being quiet and asking for nothing for this long.
 constexpr Ticks rest_after = 6 * ticks_per_second;
 
-/// The tick at which a wait of `rest` seconds is over: at least one turn. Callers compute rests
-/// in floating point; a rest that ends a hair behind a tick ends with it, since a caller that
-/// has not waited long enough turns again, but one who waited too long can't turn back.
+/// The tick at which a wait of `rest` seconds is over: at least one turn. Callers compute rests in
+/// floating point; a rest that ends slightly after a tick ends with the tick: a caller that has not
+/// waited long enough waits again, but one that has waited too long can't go back.
 Ticks EndOfWait(Ticks now, double rest) {
     constexpr double hair = 1e-3;
     const double ticks = std::ceil(rest * ticks_per_second - hair);
@@ -67,7 +67,7 @@ void Stage::Turn(KeyListener& listener, double rest) {
     while (!prompter_.KeysWaiting() && now_ < end) {
         Pass(std::min(end, std::max(now_ + 1, NextHappening())));
     }
-    // A key is something for the game to do: it is not at rest before it has had time to.
+    // After a key the game is not at rest until it has had time to react.
     if (prompter_.KeysWaiting()) Asked();
     for (const int code : prompter_.Keys()) {
         Write("key", std::to_string(code));
@@ -76,7 +76,7 @@ void Stage::Turn(KeyListener& listener, double rest) {
     prompter_.Keys().clear();
 }
 
-/// Lets the time pass until `moment`, with what happens by then, in the order of its moments.
+/// Lets time pass until `moment`, with everything that happens by then in its order.
 void Stage::Pass(Ticks moment) {
     now_ = moment;
     while (const auto heard = speech_.TakeHeard(now_)) prompter_.Heard(heard->text, heard->begin);

@@ -1,8 +1,7 @@
-// The world of a rehearsal: its clock, what is being spoken and played, and the prompter.
+// The state of a rehearsal: its clock, what is being spoken and played, and the prompter.
 //
-// Time passes in two ways only: in an event turn, and in a blocking utterance. What happens on
-// the way is found by looking ahead to the next moment at which something can happen, so that a
-// wait costs a few steps however long it is.
+// Time passes in two ways only: in an event turn, and in a blocking utterance. Time advances from
+// one moment at which something can happen to the next, so that even a long wait costs few steps.
 #pragma once
 
 #include <deque>
@@ -24,23 +23,23 @@ namespace tamlo {
 
 class RehearsedBuffer;
 
-/// What a voice has been given to speak, one text behind the other.
+/// The texts given to a voice, spoken one after the other.
 class SpeechQueue {
   public:
-    /// Queues a text of this length; the moment at which it will have been spoken.
+    /// Queues a text of this length; returns when it will have been spoken.
     Ticks Add(std::string_view text, Ticks now, Ticks length);
-    /// Drops everything at `now`. A text that would have begun at this very moment is not heard.
+    /// Drops everything at `now`. A text that begins at this very moment is not heard.
     void Purge(Ticks now);
-    /// When the last text has been spoken; not later than now when nothing is being spoken.
+    /// When the last text will have been spoken; not later than now if nothing is being spoken.
     Ticks EndsAt() const { return ends_at_; }
-    /// When the first text that TakeHeard has not given yet can be taken; `never` if there is none.
+    /// When TakeHeard can return the next text; `never` if there is none.
     Ticks NextHeard() const { return texts_.empty() ? never : texts_.front().begin + 1; }
     struct Utterance {
         std::string text;
         Ticks begin = 0;
         Ticks end = 0;
     };
-    /// The next text of which something has been heard by `now`, in the order of their begins.
+    /// The next text of which something has been heard by `now`, in the order of their starts.
     std::optional<Utterance> TakeHeard(Ticks now);
 
   private:
@@ -52,33 +51,34 @@ class Stage {
   public:
     Stage(std::vector<Step> steps, const FieldAccess& fields, TraceSink sink);
 
-    /// Asked for more steps when the last has been carried out and the game is at rest.
+    /// `more` is called for more steps when the last one is executed and the game is at rest.
     void Improvise(std::function<std::vector<Step>()> more) { more_ = std::move(more); }
 
     Ticks Now() const { return now_; }
     void Write(std::string_view event, std::string_view detail = {}) {
         trace_.Write(now_, event, detail);
     }
-    /// The game has asked for something other than an event turn, the clock or a status.
+    /// To be called when the game asks for something other than an event turn, the clock or a
+    /// status.
     void Asked() { asked_ = now_; }
 
-    /// Queues a text; when `wait`, lets the time pass until it has been spoken.
+    /// Queues a text; with `wait`, lets time pass until it has been spoken.
     void Speak(std::string_view text, Ticks length, bool wait);
     void Hush();
     Ticks SpeechEndsAt() const { return speech_.EndsAt(); }
 
-    /// Buffers that can sound report here while they live.
+    /// Buffers register here while they exist.
     void Add(RehearsedBuffer& buffer) { buffers_.push_back(&buffer); }
     void Remove(RehearsedBuffer& buffer) { std::erase(buffers_, &buffer); }
     void SoundStarted(std::string_view name) { prompter_.SoundStarted(name, now_); }
 
     std::optional<double> TakeDraw() { return prompter_.TakeDraw(); }
 
-    /// Carries out the steps that need no time to pass.
+    /// Executes the steps that need no time.
     void Begin() { prompter_.Advance(now_, never); }
-    /// One event turn, or as many as fit into `rest` seconds while nothing happens.
+    /// One event turn, or as many as fit into `rest` seconds until something happens.
     void Turn(KeyListener& listener, double rest);
-    /// Writes the last line, if none has been written yet, and closes the trace.
+    /// Writes the last line, unless that is done already, and closes the trace.
     void End(std::string_view last_line);
     bool Ended() const { return ended_; }
 

@@ -1,4 +1,4 @@
-// The trace of a rehearsal: one line an event, at its virtual time.
+// The trace of a rehearsal: one line per event, with its virtual time.
 #pragma once
 
 #include <functional>
@@ -9,7 +9,7 @@
 
 namespace tamlo {
 
-/// Receives finished lines, many at a time, each ending in a line feed.
+/// Receives finished lines, several at a time, each ending in a line feed.
 using TraceSink = std::function<void(std::string_view lines)>;
 
 class Trace {
@@ -19,11 +19,11 @@ class Trace {
     Trace(const Trace&) = delete;
     Trace& operator=(const Trace&) = delete;
 
-    /// Writes a line; once the trace is closed, nothing.
+    /// Writes a line, unless the trace is closed.
     void Write(Ticks now, std::string_view event, std::string_view detail = {});
-    /// Hands all lines over to the sink.
+    /// Passes all lines to the sink.
     void Flush();
-    /// Hands all lines over; nothing is written from now on.
+    /// Passes all lines to the sink; nothing is written afterwards.
     void Close();
 
   private:

@@ -10,7 +10,7 @@ using Ticks = std::int64_t;
 
 inline constexpr Ticks ticks_per_second = 100;
 
-/// A moment that does not come by itself. Half the range, so that sums stay in it.
+/// A moment that never comes. Half the range, so that sums don't overflow.
 inline constexpr Ticks never = std::numeric_limits<Ticks>::max() / 2;
 
 }  // namespace tamlo

@@ -1,4 +1,4 @@
-// How long a wave file is, read from its header alone.
+// The length of a wave file, read from its header only.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 namespace tamlo {
 
 struct WaveLength {
-    std::int64_t frames = 0;  ///< whole sample frames that are really there
-    int rate = 0;             ///< sample frames a second, 100 to 200000
+    std::int64_t frames = 0;  ///< complete sample frames that the file really contains
+    int rate = 0;             ///< sample frames per second, 100 to 200000
 };
 
 /// Reads the header of a seekable stream. Nothing if it holds no wave file that the game could

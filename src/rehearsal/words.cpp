@@ -8,8 +8,8 @@ bool IsBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
-/// Reads the quoted text that `rest` begins with, up to and with the closing quote, into `word`.
-/// What is wrong, or an empty text.
+/// Reads the quoted text that `rest` begins with into `word`, and takes it off, including the
+/// closing quote. Returns what is wrong, or an empty text.
 std::string TakeQuoted(std::string_view& rest, std::string& word) {
     rest.remove_prefix(1);
     while (!rest.empty()) {

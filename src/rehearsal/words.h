@@ -12,8 +12,8 @@ struct WordsOrError {
     std::string error;  ///< empty if the line could be read
 };
 
-/// Splits a line at blanks and tabs. A word in double quotes may hold blanks, with `\"` and `\\`
-/// for the characters themselves.
+/// Splits a line at blanks and tabs. A word in double quotes may contain blanks, and `\"` and `\\`
+/// for these two characters.
 WordsOrError SplitWords(std::string_view line);
 
 }  // namespace tamlo

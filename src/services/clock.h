@@ -10,7 +10,7 @@ namespace tamlo {
 class Clock {
   public:
     virtual ~Clock() = default;
-    /// Time since some fixed moment; never goes back and ignores changes of the wall clock.
+    /// Time since a fixed moment. Never goes back; changes of the wall clock don't matter.
     virtual std::chrono::microseconds Steady() const = 0;
     /// Local time: seconds since midnight, with fractions.
     virtual double SecondsSinceMidnight() const = 0;

@@ -1,4 +1,4 @@
-// The rest of the player's desktop: their folders, a message box, a beep, other programs.
+// Other services of the desktop: the user's folders, a message box, a beep, other programs.
 #pragma once
 
 #include <string>
@@ -14,19 +14,18 @@ class Desktop {
 
     /// Absolute path of one of the user's folders, created when missing; empty if there is none.
     virtual std::string SpecialFolder(int number) = 0;
-    /// Shows the text with only an OK button and returns when the player has closed it.
+    /// Shows the text with an OK button only, and returns after the player has closed it.
     /// May throw EndOfProcess.
     virtual void MessageBox(const std::string& text) = 0;
     /// A short alert sound, without waiting for its end.
     virtual void Beep() = 0;
-    /// Opens a text file in the player's editor. On a desktop it returns at once; in a terminal,
-    /// when the editor has ended. False if no editor could be started.
+    /// Opens a text file in the player's editor. Returns at once on a desktop, and after the editor
+    /// has ended in a terminal. False if no editor could be started.
     virtual bool StartEditor(const std::string& path) = 0;
-    /// Starts the program file `path` with the current directory as its own; false if it cannot
-    /// be started.
+    /// Starts the program file `path` in the current directory; false if it can't be started.
     virtual bool StartLauncher(const std::string& path) = 0;
-    /// Has the game started anew once this process has released everything: the caller ends the
-    /// process (EndOfProcess) next.
+    /// Restarts the game after this process has released everything. The caller ends the process
+    /// (EndOfProcess) next.
     virtual void StartGame() = 0;
 };
 

@@ -5,8 +5,8 @@
 
 namespace tamlo {
 
-/// Looks only at regular files and folders (or links to them): a pipe or a device that stands in
-/// a file's place can neither block nor be overwritten.
+/// Accesses regular files and folders only (or links to them): a pipe or a device in a file's place
+/// can neither block the game nor be overwritten.
 class DiskFiles : public Files {
   public:
     std::string FindFile(const std::string& path) override;

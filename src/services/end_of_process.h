@@ -1,13 +1,12 @@
-// How the game's process ends: by one exception, caught in main, so that everything is released
-// on the way out.
+// The game's process ends by one exception, caught in main, so that everything is released.
 #pragma once
 
 #include <string>
 
 namespace tamlo {
 
-/// Thrown by the game's own end and restart, and by event turns that find the window closed, a
-/// signal, or the end of piped input. Not a std::exception: nothing on the way may swallow it.
+/// Thrown at the game's own end and restart, and by event turns after the window was closed, a
+/// signal arrived, or piped input ended. Not a std::exception, so that no handler swallows it.
 struct EndOfProcess {
     int exit_status = 0;
     std::string reason;  ///< a line for the terminal, or empty

@@ -1,11 +1,11 @@
-// The event queue of the game's window: one turn of it, and who hears of key presses.
+// The event queue of the game's window: processing it, and the listener for key presses.
 #pragma once
 
 #include <limits>
 
 namespace tamlo {
 
-/// Told of every key press (and key repeat) during an event turn.
+/// Receives every key press (and key repeat) during an event turn.
 class KeyListener {
   public:
     virtual ~KeyListener() = default;
@@ -13,21 +13,21 @@ class KeyListener {
     virtual void Form_KeyDown(int code, int modifiers) = 0;
 };
 
-/// A rest for `Events::Turn` that only an event ends.
+/// A rest for `Events::Turn` that is ended by an event only.
 inline constexpr double until_event = std::numeric_limits<double>::infinity();
 
 class Events {
   public:
     virtual ~Events() = default;
 
-    /// Shows the game's window with this caption and the keyboard focus. No effect where there is
-    /// no window.
+    /// Shows the game's window with this caption and the keyboard focus. No effect if there is no
+    /// window.
     virtual void ShowWindow(const char* caption) = 0;
 
-    /// One event-processing turn: hands every queued key press to the listener. When nothing was
+    /// One event-processing turn: passes every queued key press to the listener. If nothing is
     /// queued, first sleeps until an event comes or about `rest` seconds have passed (0: not at
-    /// all; it may always return early). Throws EndOfProcess when the window has been closed, a
-    /// signal asks for the end, or the input has ended.
+    /// all; it may always return early). Throws EndOfProcess if the window was closed, a signal
+    /// asks for the end, or the input has ended.
     virtual void Turn(KeyListener& listener, double rest) = 0;
 };
 

@@ -5,7 +5,7 @@
 
 namespace tamlo {
 
-/// A decorator: derived classes learn of each call, and may change its paths.
+/// A decorator: derived classes are notified of each call and may change its paths.
 class ForwardingFiles : public Files {
   public:
     /// `real` must outlive this object.

@@ -1,5 +1,6 @@
-// The keys: virtual-key codes, and their decimal text as the pending key `g` holds it. Letters and
-// the digits of the top row have the codes of their capital letters and digits in ASCII.
+// Keys: their virtual-key codes, and the decimal text of these, which the pending key `g` holds.
+// Letters and the digits of the top row have the codes of their capital letters and digits in
+// ASCII.
 #pragma once
 
 #include <cstddef>
@@ -31,7 +32,7 @@ class Key {
 
 inline constexpr Key backspace{8};
 inline constexpr Key tab{9};
-inline constexpr Key clear{12};  // the keypad's 5 without Num Lock
+inline constexpr Key clear{12};  ///< the keypad's 5 without Num Lock
 inline constexpr Key enter{13};
 inline constexpr Key shift{16};
 inline constexpr Key control{17};
@@ -54,7 +55,7 @@ inline constexpr Key delete_key{46};
 inline constexpr Key left_super{91};
 inline constexpr Key right_super{92};
 inline constexpr Key menu{93};
-inline constexpr Key keypad_0{96};  // keypad_1 to keypad_9 follow
+inline constexpr Key keypad_0{96};  ///< keypad_1 to keypad_9 follow
 inline constexpr Key keypad_times{106};
 inline constexpr Key keypad_plus{107};
 inline constexpr Key keypad_separator{108};
@@ -67,7 +68,7 @@ inline constexpr Key f3{114};
 inline constexpr Key f4{115};
 inline constexpr Key f5{116};
 inline constexpr Key f6{117};
-inline constexpr Key f24{135};  // f7 to f23 stand between f6 and f24
+inline constexpr Key f24{135};  ///< f7 to f23 are numbered in between
 inline constexpr Key num_lock{144};
 inline constexpr Key scroll_lock{145};
 inline constexpr Key semicolon{186};
@@ -83,7 +84,7 @@ inline constexpr Key right_bracket{221};
 inline constexpr Key apostrophe{222};
 inline constexpr Key beside_left_shift{226};
 
-/// Whether a key closes a message that is shown until then.
+/// Whether the key closes a message box.
 constexpr bool ClosesMessage(int code) {
     return code == enter || code == escape || code == space;
 }

@@ -1,4 +1,5 @@
-// Everything the game asks of the machine, bundled so that back ends can be mixed.
+// All services that the game needs from the machine, in one struct, so that back ends can be
+// combined freely.
 #pragma once
 
 namespace tamlo {

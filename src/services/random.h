@@ -1,4 +1,4 @@
-// Chance.
+// Random numbers.
 #pragma once
 
 namespace tamlo {
@@ -6,8 +6,8 @@ namespace tamlo {
 class Random {
   public:
     virtual ~Random() = default;
-    /// Mixes a number (seconds since midnight) into the generator's state. Two seedings with the
-    /// same number give unrelated draws.
+    /// Mixes a number (seconds since midnight) into the generator's state. Seeding twice with the
+    /// same number gives unrelated draws.
     virtual void Seed(double number) = 0;
     /// Uniform in [0, 1).
     virtual double Next() = 0;

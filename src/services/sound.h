@@ -1,4 +1,4 @@
-// The sound card: a device, and buffers that each hold one wave file and play it independently.
+// Sound: a device, and buffers that each contain one wave file and play independently.
 #pragma once
 
 #include <memory>
@@ -19,31 +19,32 @@ enum class PlayMode { once = 0, looping = 1 };
 /// `SoundBuffer::GetStatus`: 1 while playing or looping, else 0.
 inline constexpr int status_playing = 1;
 
-/// One wave file, decoded. A buffer whose file could not be opened has no length: it has ended
-/// as soon as it is played. Destroying a playing buffer silences it.
+/// One decoded wave file. A buffer whose file could not be opened is empty: it ends as soon as it
+/// is played. Destroying a playing buffer silences it.
 class SoundBuffer {
   public:
     virtual ~SoundBuffer() = default;
 
     /// Position in sample frames from the start; past the end counts as 0.
     virtual void SetCurrentPosition(unsigned frame) = 0;
-    /// Hundredths of a decibel, 0 full to -10000 silent; values outside are brought into range.
+    /// Hundredths of a decibel, 0 full to -10000 silent; values outside are limited to the range.
     virtual void SetVolume(int volume) = 0;
     /// Hundredths of a decibel, -10000 to 10000: a positive pan attenuates the left ear by that
-    /// much, a negative one the right. Values outside are brought into range.
+    /// much, a negative one the right. Values outside are limited to the range.
     virtual void SetPan(int pan) = 0;
-    /// Sample frames a second: the file's own rate until it is set.
+    /// Sample frames per second; the file's own rate until it is set.
     virtual int GetFrequency() const = 0;
-    /// 100 to 200000; values outside are brought into range.
+    /// 100 to 200000; values outside are limited to the range.
     virtual void SetFrequency(int frequency) = 0;
 
-    /// Plays from the kept position. A once-played buffer that has ended stands at 0 again.
+    /// Plays from the current position. After a buffer played once has ended, its position is 0
+    /// again.
     virtual void Play(PlayMode mode) = 0;
     /// Stops and keeps the position.
     virtual void Stop() = 0;
     virtual int GetStatus() const = 0;
-    /// Seconds until a once-played buffer ends at its present frequency: how long a wait for it
-    /// may sleep. 0 when not playing.
+    /// Seconds until a buffer played once ends at its present frequency: how long a wait for its
+    /// end may sleep. 0 if it is not playing.
     virtual double SecondsLeft() const = 0;
 };
 
@@ -63,8 +64,8 @@ class SoundDevice {
 class SoundSystem {
   public:
     virtual ~SoundSystem() = default;
-    /// A device for the default output. Never null: without a sound card, sounds take their time
-    /// unheard.
+    /// A device for the default output. Never null: without a sound card, sounds take their time in
+    /// silence.
     virtual std::unique_ptr<SoundDevice> CreateDevice() = 0;
 };
 

@@ -1,4 +1,4 @@
-// Threads beside the game's: every edition starts them in one way.
+// Starting threads, implemented by each edition.
 #pragma once
 
 #include <functional>
@@ -6,9 +6,10 @@
 
 namespace tamlo {
 
-/// Runs `body` on a thread of its own. Signals sent to the program wake the game's thread, so this
-/// one gets none; its own faults still end the program. The thread is empty (not joinable) if the
-/// system has none left: then nothing runs, and the caller goes on without.
+/// Runs `body` on a new thread. The thread gets no signals that are sent to the program, since
+/// these have to wake the game's thread; its own faults still end the program. If the system has no
+/// threads left, the result is empty (not joinable), nothing runs, and the caller goes on without
+/// the thread.
 std::thread StartThread(std::function<void()> body);
 
 /// The system's number of the calling thread, never 0.

@@ -1,4 +1,4 @@
-// A bell that one thread rings and another sleeps on.
+// A wake-up call from one thread to another.
 #pragma once
 
 #include <chrono>
@@ -7,8 +7,8 @@
 namespace tamlo {
 
 /// Ringing never waits, so the audio thread may; the standard library's semaphores and condition
-/// variables promise nothing about that. A ring is never lost: one that comes before the sleep ends
-/// the sleep at once.
+/// variables promise nothing about that. A ring is never lost: one that comes before the wait ends
+/// the wait at once.
 class Wakeup {
   public:
     Wakeup();
@@ -18,9 +18,9 @@ class Wakeup {
 
     void Ring() noexcept;
 
-    /// Returns after a ring, or when the time is over. Takes all rings so far.
+    /// Waits for a ring or until the time is over. Clears all rings so far.
     void SleepFor(std::chrono::microseconds time) noexcept;
-    /// Returns after a ring. Takes all rings so far.
+    /// Waits for a ring. Clears all rings so far.
     void Sleep() noexcept;
 
   private:

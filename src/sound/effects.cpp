@@ -111,7 +111,7 @@ constexpr std::array<Effect, 93> effects{{
 }};
 // clang-format on
 
-// The check takes the files in the order of their names, but tamlo80 to tamlo89 at the end.
+// The check goes by the order of names, with tamlo80 to tamlo89 last.
 bool IsCheckedBefore(const Effect* a, const Effect* b) {
     const auto place = [](const Effect* effect) {
         const bool at_the_end = effect->name.size() == 7 && effect->name.starts_with("tamlo8");

@@ -1,4 +1,4 @@
-// The ways of playing an effect: to its end, until a key, without waiting, in a loop; and the
+// Playing effects: to the end, until a key is pressed, without waiting, or in a loop; and the
 // preloaded buffers of the vehicle and the background.
 #include "game/form1.h"
 #include "game/vehicles.h"
@@ -11,7 +11,7 @@ constexpr int backgrounds = 4;
 constexpr int fade_steps = 15;
 constexpr int fade_step = 85;  // hundredths of a decibel
 
-/// The background, one step of a fade after the other.
+/// Changes the volume of the background step by step.
 void Fade(Form1& form, int step) {
     for (int i = 0; i < fade_steps; ++i) {
         form.gs.ajv += step;
@@ -80,7 +80,7 @@ void Form1::opensound() {
 }
 
 void Form1::starttitle() {
-    // Always at full volume and at 8000 samples a second, whatever the settings.
+    // Always at full volume and 8000 samples per second, whatever the settings are.
     gs.wb1 = gs.ds8->CreateBufferFromFile("tamlo1", gs.bufdesc);
     gs.wb1->SetCurrentPosition(0);
     gs.wb1->SetVolume(0);

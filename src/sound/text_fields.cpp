@@ -1,4 +1,4 @@
-// Counting the text fields of a file's bytes.
+// Counting the text fields in a file's bytes.
 #include "sound/text_fields.h"
 
 #include <algorithm>
@@ -18,7 +18,7 @@ void SkipBlanks(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
 }
 
-/// A carriage return with a line feed behind it is one delimiter; the other order is two.
+/// A carriage return followed by a line feed is one delimiter; the other order is two.
 void SkipDelimiter(std::string_view& text) {
     if (text.starts_with("\r\n")) {
         text.remove_prefix(2);
@@ -35,8 +35,7 @@ std::size_t TakeField(std::string_view& text) {
     const std::size_t length = LengthUntil(text, quoted ? "\"" : delimiters);
     text.remove_prefix(length);
     if (quoted) {
-        // The closing quote, if there is one; what follows it up to the delimiter is the next
-        // field's unless it is blank.
+        // The closing quote, if there is one. What follows it, unless blank, begins the next field.
         text.remove_prefix(std::min<std::size_t>(1, text.size()));
         SkipBlanks(text);
     }

@@ -1,4 +1,4 @@
-// Counting the text fields of a file's bytes, as the wave-file check wants them counted.
+// Counting the text fields in a file's bytes, for the wave-file check.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +11,8 @@ struct TextFields {
     std::size_t last_length = 0;  ///< bytes in the last of them, without its quotes
 };
 
-/// Reads `bytes` as comma- and line-delimited text to its end, in one pass. Byte 26 marks the end
-/// of the text wherever it stands, even inside quotes. Any bytes are taken.
+/// Reads `bytes` as comma- and line-delimited text to its end, in one pass. Byte 26 ends the text
+/// wherever it occurs, even inside quotes. Any bytes are accepted.
 TextFields CountTextFields(std::string_view bytes);
 
 }  // namespace tamlo

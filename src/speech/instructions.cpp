@@ -1,4 +1,4 @@
-// The manual, which is spoken: the whole of it, and the special keys alone.
+// The spoken manual: all of it, or the special keys only.
 #include <array>
 
 #include "game/contact.h"
@@ -18,7 +18,7 @@ constexpr std::array<std::string_view, 3> the_game = {
     "names of trees in alphabetical order from Apple to Willow.  South of Center they are names "
     "of automobile manufactures in alphabetical order from Buick to Volkswagon."};
 
-// Each begins with blanks of its own.
+// Each piece begins with its own blanks.
 constexpr std::array<std::string_view, 6> city_files = {
     " In the games main menu you can choose create city streets file.",
     " You will be asked to type in a name and the file will be created with the original street "

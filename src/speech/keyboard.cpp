@@ -15,7 +15,7 @@ std::string UpperCase(const std::string& character) {
 
 }  // namespace
 
-// One slot, not a queue: of several presses in one turn only the last remains.
+// One slot, not a queue: of several presses in one event turn only the last remains.
 void Form1::Form_KeyDown(int code, int /*modifiers*/) {
     gs.g = std::to_string(code);
     gs.g2 = FromWindows1252(LowerCase1252(code));
@@ -29,8 +29,8 @@ void Form1::keyturn(double rest) {
     pumpEvents(gs.g.empty() ? rest : 0);
 }
 
-// The order matters: a key still queued is delivered by the first turn, so it survives in `g`
-// while its character is cleared.
+// The order matters: a key that is still queued is delivered in the first event turn, so it remains
+// in `g` while its character is cleared.
 void Form1::clk() {
     gs.g.clear();
     pumpEvents();
@@ -47,7 +47,7 @@ void Form1::getkey() {
 void Form1::saykey() {
     gs.Voice->SetEchoRate(gs.vr);
     stopspeech();
-    if (gs.g != keys::f1) say2(gs.g2);  // its character would be "p"
+    if (gs.g != keys::f1) say2(gs.g2);  // whose character would be "p"
     gs.Voice->SetRate(gs.vr);
 }
 

@@ -12,8 +12,8 @@ using Letters = YesNoPrompt::Letters;
 constexpr int yes = 1;
 constexpr int no = 2;
 
-/// One pass of a menu, from its prompt on. True when `result` is what the menu returns; false
-/// when it has to start again.
+/// Runs a menu once, from its prompt. True if `result` is the menu's result; false if the menu has
+/// to restart.
 bool RunOnce(Form1& form, const ListMenu& menu, int& result) {
     const int count = static_cast<int>(menu.items.size());
     if (menu.pause) form.dy(0.2);
@@ -60,14 +60,14 @@ void AskQuestion(Form1& form, const YesNoPrompt& prompt) {
     if (prompt.clear_after) form.clk();
 }
 
-/// The answer that the letter typed stands for, 0 for none.
+/// The answer that the typed letter means, 0 for none.
 int LetterAnswer(const Form1& form) {
     if (form.gs.g2 == "y") return yes;
     if (form.gs.g2 == "n") return no;
     return 0;
 }
 
-/// One pass of a question: the answer, or 0 when it has to be asked again.
+/// Asks a question once: the answer, or 0 if it has to be asked again.
 int AskOnce(Form1& form, const YesNoPrompt& prompt) {
     AskQuestion(form, prompt);
     int answer = prompt.initial_yes ? yes : no;

@@ -1,5 +1,5 @@
-// The two ways of asking the player: a list menu and a yes/no question, each described by a
-// record that the owner of the menu fills in.
+// The two kinds of spoken prompts: a list menu and a yes/no question. Each is described by a struct
+// that the caller fills in.
 #pragma once
 
 #include <functional>
@@ -9,11 +9,11 @@
 
 namespace tamlo {
 
-/// What an extra key of a list menu does.
+/// The effect of an extra key in a list menu.
 struct MenuKey {
     enum class Effect {
-        none,     ///< not a key of this menu: it is echoed and the menu starts again
-        restart,  ///< the menu starts again from its prompt
+        none,     ///< not a key of this menu: the key is echoed and the menu restarts
+        restart,  ///< the menu restarts from its prompt
         move,     ///< `value` becomes the current item and is spoken
         leave,    ///< the menu returns `value`
     };
@@ -31,14 +31,14 @@ struct ListMenu {
     int first = 1;                             ///< current when the menu starts
     bool pause = false;                        ///< 0.2 s pass before the prompt
     bool clear = false;                        ///< the pending key is cleared before the prompt
-    /// Asked for every key but Enter, Up and Down, with the current item.
+    /// Called for every key except Enter, Up and Down, with the current item.
     std::function<MenuKey(int item)> extra = {};
 };
 
 struct YesNoPrompt {
-    /// What comes before the question, each time it is asked.
+    /// What happens before the question each time it is asked.
     enum class Lead { none, clear, pause, clear_pause, pause_clear };
-    /// Whether the keys y and n answer, and when they are looked at.
+    /// Whether the keys y and n answer, and when they are checked.
     enum class Letters { none, before_arrows, after_echo };
 
     std::string question;

@@ -1,5 +1,5 @@
-// The options menu and its dialogs: voice, rate, volume, gender. Each applies a change at once,
-// so that it is heard, and ends by storing the settings.
+// The options menu and its dialogs: voice, rate, volume, gender. Each applies a change at once, so
+// that it is audible, and stores the settings at its end.
 #include <functional>
 
 #include "game/form1.h"
@@ -33,7 +33,7 @@ void OfferVoices(Form1& form) {
     }
 }
 
-/// Up or down by a step within limits, spoken as a word.
+/// Changes the volume by a step within its limits, and speaks a word for it.
 void ChangeVoiceVolume(Form1& form, int step) {
     GameState& gs = form.gs;
     gs.vv += step;
@@ -49,7 +49,7 @@ void ChangeVoiceVolume(Form1& form, int step) {
     form.say2(word);
 }
 
-/// Tells what to do, then has the arrows make a volume louder or quieter until Enter is pressed.
+/// Tells what to do, then changes a volume with the arrow keys until Enter is pressed.
 void ByArrows(Form1& form, const std::function<void()>& tell,
               const std::function<void(bool louder)>& change) {
     const std::string& g = form.gs.g;
@@ -92,7 +92,7 @@ void ChangeSoundVolume(Form1& form, int step) {
     form.say2(word);
 }
 
-/// The test sound at the new volume, together with the word; a key cuts it short.
+/// Plays the test sound at the new volume, together with the word; a key cuts it short.
 void HearSoundVolume(Form1& form) {
     GameState& gs = form.gs;
     form.clk();
@@ -163,7 +163,7 @@ void Form1::adjrate() {
         say2("to adjust the speech rate, use the arrow keys and then press enter");
         say2(std::to_string(gs.vr));
         while (true) {
-            // Not getkey: Enter must not cut the instruction short.
+            // getkey would let Enter cut the instruction short.
             gs.g.clear();
             while (gs.g.empty()) pumpEvents(until_event);
             if (gs.g != keys::up && gs.g != keys::down) break;

@@ -1,4 +1,4 @@
-// Speaking and waiting: the primitives by which the game talks.
+// The primitives of speaking and waiting.
 #include <chrono>
 #include <cmath>
 
@@ -25,7 +25,7 @@ bool Form1::speaking() const {
 }
 
 void Form1::w4s() {
-    dy(0.3);  // speech just queued needs time to start
+    dy(0.3);  // speech that was just queued needs time to start
     do {
         keyturn(gs.Voice->SecondsLeft());
     } while (gs.g.empty() && speaking());

@@ -30,10 +30,10 @@ void Resume(GameState& gs, const SavedGame& career) {
     gs.npd = career.npd;
 }
 
-/// What a working day brings.
+/// A working day's time and wage.
 struct DaysWork {
-    double seconds = 0;  // worked, on the game clock
-    double hours = 0;    // the same, to two decimals
+    double seconds = 0;  // worked, by the game clock
+    double hours = 0;    // the same, rounded to two decimals
     double pay = 0;      // dollars
 
     explicit DaysWork(double worked)
@@ -60,7 +60,7 @@ void TellHours(Form1& form, double hours) {
     form.dy(0.2);
 }
 
-/// The day's summary, spoken and logged. The career holds the day already.
+/// Speaks and logs the day's summary. The career already includes the day.
 void TellDay(Form1& form, const DaysWork& day) {
     TellHours(form, day.hours);
     form.saylog(" You are paid, " + form.money(day.pay));
@@ -70,7 +70,7 @@ void TellDay(Form1& form, const DaysWork& day) {
     form.dy(0.2);
 }
 
-/// Stores the career; what could not be understood before is never written over.
+/// Stores the career. A file that could not be decoded before is never overwritten.
 bool Save(Form1& form) {
     GameState& gs = form.gs;
     if (gs.badsave == 1) {
@@ -80,8 +80,8 @@ bool Save(Form1& form) {
     return form.platform.files.Replace(form.path(saved_game_name), EncodeSavedGame(CareerOf(gs)));
 }
 
-/// A career that can't be understood is kept under another name, and the player told. One that
-/// can't even be read stays where it is: the next start may have more luck.
+/// A saved game that can't be decoded is renamed, and the player is told. One that can't even be
+/// read stays in place, since it may be readable at the next start.
 void LoseCareer(Form1& form, bool was_read) {
     form.logline("");
     std::string text = std::string(" I 'm sorry, but the saved game can not be ") +
@@ -129,7 +129,7 @@ bool Form1::saga() {
         say(" game saved ");
         return true;
     }
-    Resume(gs, before);  // so that a later quit pays and counts the day once
+    Resume(gs, before);  // so that a later quit counts and pays the day once
     say(" I 'm sorry, but the game could not be saved. ");
     ppk();
     return false;

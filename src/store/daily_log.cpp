@@ -1,4 +1,4 @@
-// The daily log: a header with the date of its start, and a line for whatever is logged.
+// The daily log: a header with the date of its start, and one line per logged sentence.
 #include <algorithm>
 
 #include "game/form1.h"
@@ -25,7 +25,7 @@ void Form1::startlog() {
     }
 }
 
-// A log that can't be written never stops the game.
+// A log that can't be written does not stop the game.
 void Form1::logline(std::string_view line) {
     if (!platform.files.Append(path(log_name), std::string(line) + "\r\n")) {
         gs.nowrite = std::max(gs.nowrite, 1);

@@ -1,4 +1,4 @@
-// Where the player's files are, and what becomes of those that fail.
+// The folder of the player's files, and what happens to files that fail.
 #include <algorithm>
 
 #include "game/form1.h"
@@ -34,8 +34,8 @@ bool Form1::putaside(const std::string& name) {
     return false;
 }
 
-// A player would otherwise learn of it only by losing a day, or wonder at a voice and streets that
-// are not the usual ones.
+// Told at once: otherwise the player would learn of it only by losing a day, or be puzzled by an
+// unusual voice or unusual streets.
 void Form1::telltroubles() {
     if (gs.noread == 1) {
         gs.noread = 2;

@@ -11,7 +11,7 @@ namespace tamlo {
 namespace {
 
 std::optional<std::string> ReadName(TaggedReader& reader) {
-    constexpr int shortest_character = 2;  // bytes: a tag at least
+    constexpr int shortest_character = 2;  // bytes: at least a tag
     const auto length = reader.Whole(0, std::numeric_limits<int>::max() / shortest_character);
     if (!length) return std::nullopt;
     std::string name;

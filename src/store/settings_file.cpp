@@ -9,13 +9,13 @@ namespace tamlo {
 namespace {
 
 constexpr int quietest_sound = -3500;
-constexpr int widest_rate = 1'000'000'000;  // leaves room for the echo's five above it
+constexpr int widest_rate = 1'000'000'000;  // leaves room for the echo, which is five above it
 
 std::string Line(int number) {
     return (number < 0 ? "" : " ") + std::to_string(number) + "\r\n";
 }
 
-/// Takes the next line off the text, its end (CR LF, CR or LF) included.
+/// Takes the next line off the text, including its end (CR LF, CR or LF).
 std::string_view TakeLine(std::string_view& text) {
     const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
     const std::string_view line = text.substr(0, end);

@@ -8,7 +8,7 @@
 namespace tamlo {
 namespace {
 
-constexpr double longest_time = 1e9;  // seconds; beyond it the hours would not fit
+constexpr double longest_time = 1e9;  // seconds; longer times would overflow the hours
 
 std::string Counted(double number, const std::string& unit) {
     return Plain(number) + " " + unit + (number == 1 ? "" : "s");

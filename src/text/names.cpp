@@ -23,8 +23,8 @@ int CompareNames(std::string_view a, std::string_view b) {
 }
 
 bool MatchesPattern(std::string_view name, std::string_view pattern) {
-    // On a mismatch only the last star needs to take one character more, so the time is at most
-    // the product of the lengths.
+    // On a mismatch only the last star has to take one more character, so the time is at most the
+    // product of the lengths.
     std::size_t n = 0;
     std::size_t p = 0;
     std::size_t star = std::string_view::npos;

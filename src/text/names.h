@@ -1,12 +1,12 @@
-// File names compared as the players of a system without regard to case expect: ASCII letters
-// alike in both cases, every other byte only like itself.
+// Comparing file names without regard to the case of ASCII letters; every other byte equals only
+// itself.
 #pragma once
 
 #include <string_view>
 
 namespace tamlo {
 
-/// Negative, 0 or positive as `a` comes before, with or behind `b`.
+/// Negative, 0 or positive if `a` comes before, is equal to, or comes after `b`.
 int CompareNames(std::string_view a, std::string_view b);
 
 /// Whether the name matches the pattern, in which '*' stands for any characters.

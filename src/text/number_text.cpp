@@ -10,8 +10,8 @@
 namespace tamlo {
 namespace {
 
-// Streams of the classic locale instead of std::to_chars and std::from_chars, which not every
-// standard library has for double.
+// Streams of the classic locale are used instead of std::to_chars and std::from_chars: not every
+// standard library has these for double.
 
 /// The number as "d.ddde-xx", rounded to so many digits.
 std::string Scientific(double number, int digits) {
@@ -33,7 +33,7 @@ std::optional<double> Parse(const std::string& text) {
     return number;
 }
 
-/// The digits of "d.ddde-xx" with one added to the last; the exponent stays.
+/// "d.ddde-xx" with one added to its last digit; the exponent is kept.
 std::string NextUp(std::string text) {
     for (std::size_t i = text.find('e'); i-- > 0;) {
         if (text[i] == '.') continue;
@@ -46,13 +46,14 @@ std::string NextUp(std::string text) {
     return "1" + text;
 }
 
-/// A positive number with as few digits as tell it from its neighbours.
+/// A positive number with the fewest digits that distinguish it from its neighbours.
 std::string ShortestScientific(double number) {
-    // Whatever has up to 15 digits is met by the first try. Tiny numbers have fewer digits.
+    // The first try gives every decimal of up to 15 digits exactly. Subnormal numbers have fewer
+    // digits.
     for (int digits = std::isnormal(number) ? 15 : 1; digits < 17; ++digits) {
         const std::string nearest = Scientific(number, digits);
         if (Parse(nearest) == number) return nearest;
-        // Above a power of two the neighbour is twice as far as below it.
+        // A power of two has its next larger neighbour twice as far away as the next smaller one.
         const std::string above = NextUp(nearest);
         if (Parse(above) == number) return above;
     }
@@ -75,14 +76,14 @@ std::string WithoutExponent(const std::string& scientific) {
     return digits.insert(static_cast<std::size_t>(exponent) + 1, ".");
 }
 
-/// A number's decimal text in its parts, rounded.
+/// A number's rounded decimal text, in parts.
 struct Decimal {
     bool negative = false;
     std::string whole;     // without leading zeros, so "" for 0
-    std::string fraction;  // exactly as many digits as asked for
+    std::string fraction;  // exactly as many digits as requested
 };
 
-/// Adds one to the last of the digits of both parts.
+/// Adds one to the last digit, and carries.
 void CarryUp(Decimal& number) {
     for (std::string* part : {&number.fraction, &number.whole}) {
         for (auto digit = part->rbegin(); digit != part->rend(); ++digit) {

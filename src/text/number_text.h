@@ -1,4 +1,4 @@
-// Numbers as the game's sentences write them: plain, in money, in counts.
+// Numbers as text, as the game's sentences have them: plain, as money, as counts.
 #pragma once
 
 #include <optional>
@@ -16,12 +16,12 @@ std::string Plain(int number);
 /// large or too small for a double.
 std::optional<double> ReadNumber(std::string_view text);
 
-/// Rounded to so many decimals (0 to 15), halves away from zero on the number's own shortest
-/// decimal text: 0.125 to .13 and 1.005 to 1.01, as a person reading the number would.
+/// Rounded to so many decimals (0 to 15). Halves in the number's shortest decimal text are rounded
+/// away from zero: 0.125 to .13 and 1.005 to 1.01, as a person would round them.
 double Rounded(double number, int decimals);
 
-/// The picture "#,###,###.##": two decimals at most and no trailing zeros, groups of three, no
-/// leading zero, the point always: 0.5 is ".5", 20 is "20.", 1234.5 is "1,234.5", 0 is ".".
+/// The picture "#,###,###.##": at most two decimals without trailing zeros, groups of three, no
+/// leading zero, always with the point: 0.5 is ".5", 20 is "20.", 1234.5 is "1,234.5", 0 is ".".
 std::string MoneyPicture(double amount);
 
 /// The picture "###,###": a whole number in groups of three; 0 is the empty text.

@@ -8,10 +8,11 @@
 
 namespace tamlo {
 
-inline constexpr double start_of_day = 10800;  // the game clock as a working day begins: 3:00
+inline constexpr double start_of_day =
+    10800;  ///< the game clock at the start of a working day: 3:00
 
-/// A total and what comes to it, both 0 or more. The most that fits stands for anything above: a
-/// career from a damaged file may begin there.
+/// The sum of a total and an addition, both 0 or more; the largest int if the sum is larger, as it
+/// can be in a career from a damaged file.
 inline int AddedUp(int total, int more) {
     return total + std::min(more, std::numeric_limits<int>::max() - total);
 }

@@ -12,8 +12,8 @@ namespace tamlo {
 /// characters as blanks, ill-formed UTF-8 left out. Empty if nothing is left.
 std::string PrintableLine(std::string_view text);
 
-/// The line in rows of so many characters at most, broken at blanks, which are left out there. A
-/// word that is longer is cut. One row if `columns` is 0.
+/// The line in rows of at most `columns` characters, broken at blanks, which are dropped there. A
+/// longer word is cut. One row if `columns` is 0.
 std::vector<std::string_view> BrokenAtWords(std::string_view line, std::size_t columns);
 
 /// The text in double quotes, with `\"`, `\\`, `\r` and `\n` for these four characters.

@@ -12,15 +12,16 @@ namespace tamlo {
 /// the control character of the same number; codes outside 0 to 255 give the empty text.
 std::string FromWindows1252(int code);
 
-/// The code of a character in Windows-1252, from the front of a UTF-8 text; nothing if it has none.
+/// The Windows-1252 code of the first character of a UTF-8 text; nothing if it has none.
 std::optional<int> ToWindows1252(std::string_view utf8);
 
-/// Code of the small (capital) letter for a capital (small) letter of Windows-1252, else the code.
+/// The code of the small (capital) letter for that of a capital (small) one; any other code as it
+/// is.
 int LowerCase1252(int code);
 int UpperCase1252(int code);
 
-/// A text file's content as UTF-8: as it is if valid (a byte-order mark skipped), else read as
-/// Windows-1252.
+/// A text file's content as UTF-8: unchanged if it is valid (without a byte-order mark), else read
+/// as Windows-1252.
 std::string DecodeText(std::string_view bytes);
 
 }  // namespace tamlo

@@ -11,7 +11,7 @@
 namespace tamlo {
 namespace {
 
-/// Two cells for a number of a street or road: the letters that stand for its last two digits.
+/// The number of a street or road in two cells: the letters for its last two digits.
 std::string Digits(int number) {
     constexpr std::string_view letters = "JABCDEFGHI";
     const auto digit = [&](int d) { return letters[static_cast<std::size_t>(d % 10)]; };
@@ -63,7 +63,7 @@ void AddNames(BraillePages& pages, const MapSheet& sheet, const std::vector<std:
     }
 }
 
-/// Small letters for capital ones, so that the index does not part them.
+/// The name in small letters, so that the index is sorted without regard to case.
 std::string SortedBy(const std::string& name) {
     std::string key = name;
     for (char& c : key) {

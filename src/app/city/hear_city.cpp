@@ -69,7 +69,7 @@ void HearCity(Form1& form, const std::string& city, const std::vector<std::strin
             continue;
         }
         SayCorner(form, item);
-        menu.first = item;  // the list goes on where it was
+        menu.first = item;  // the list continues at this item
     }
     form.say(" Good bye. ");
     throw EndOfProcess{};

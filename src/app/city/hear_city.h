@@ -1,4 +1,4 @@
-// Listening to the names of a city, one by one, as the game speaks them.
+// Listening to a city's names one by one, as the game speaks them.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@ namespace tamlo {
 
 class Form1;
 
-/// A list of the 147 names; Enter speaks a corner with the name. Ends by EndOfProcess.
+/// Runs a list of the 147 names; Enter speaks a corner with that name. Ends by EndOfProcess.
 void HearCity(Form1& form, const std::string& city, const std::vector<std::string>& names);
 
 }  // namespace tamlo

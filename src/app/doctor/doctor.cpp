@@ -33,12 +33,12 @@ class Doctor {
   public:
     Doctor(Form1& form, Surroundings& surroundings) : form_(form), around_(surroundings) {}
 
-    /// Opens what the game has and looks at everything that needs no answer.
+    /// Opens the game's services and checks everything that needs no answer.
     void Examine();
-    /// Offers what needs answers, until the player leaves.
+    /// Offers the checks that need answers, until the player leaves.
     void Converse();
     void Conclude();
-    /// Writes down what has been found so far.
+    /// Writes the report of the findings so far.
     void Save();
     int ExitStatus() const;
 
@@ -70,8 +70,8 @@ class Doctor {
     std::int64_t played_before_ = 0;
 };
 
-/// A key cuts the sentence short. Where there is nobody to press one, it is spoken in full: an
-/// event turn might find that the input has ended.
+/// A key cuts the sentence short. If nobody can press one, it is spoken in full: an event turn
+/// might find that the input has ended.
 void Doctor::Tell(const std::string& text) {
     if (!around_.answers) return form_.say(" " + text + " ");
     form_.clk();
@@ -113,7 +113,7 @@ void Doctor::Examine() {
     Save();
 }
 
-/// Its number for the player, from 1, and its name.
+/// The voice's number for the player, from 1, and its name.
 std::string Doctor::VoiceNumber(int voice) const {
     const std::string number = std::to_string(voice + 1);
     const auto index = static_cast<std::size_t>(voice);
@@ -186,7 +186,7 @@ void Doctor::BeginMeasurement() {
     played_before_ = around_.sound().played;
 }
 
-/// What has been said meanwhile gave the card time to show its pace.
+/// The speech since the start gave the card time to show its rate.
 void Doctor::LookAtCard() {
     const auto elapsed = [this] {
         return std::chrono::duration<double>(form_.platform.clock.Steady() - began_).count();
@@ -213,7 +213,7 @@ void Doctor::LookAtCard() {
     Add({"the sound card", at_pace ? Weight::fine : Weight::hint, text});
 }
 
-/// Until its end or a key.
+/// Waits until the sound ends or a key is pressed.
 void Doctor::RingBell(int pan) {
     auto& buffer = form_.gs.wb1;
     form_.clk();
@@ -226,12 +226,12 @@ void Doctor::RingBell(int pan) {
     buffer.reset();
 }
 
-/// Whether the bell was heard only there; nothing if the player would rather leave.
+/// Whether the bell was heard on that side only; nothing if the player wants to leave.
 std::optional<bool> Doctor::HeardIn(const char* ear, int pan) {
     while (true) {
         Tell("Listen to your " + std::string(ear) + " ear.");
         RingBell(pan);
-        if (form_.gs.g.empty()) {  // else the answer has come before the question
+        if (form_.gs.g.empty()) {  // otherwise the answer came before the question
             form_.say2(
                 " Press Enter if the bell was only in your " + std::string(ear) +
                 " ear, N if it was not, and any other key to hear it again. Escape leaves. ");
@@ -301,7 +301,7 @@ void Doctor::Converse() {
         if (item == leave) return;
         Save();
         menu.prompt = "";
-        menu.first = item + 1;  // Enter alone leads through all of them
+        menu.first = item + 1;  // pressing Enter repeatedly runs all of them
     }
 }
 
@@ -339,7 +339,7 @@ void CheckSpeechAndSound(Form1& form, Surroundings& surroundings) {
         if (surroundings.answers) doctor.Converse();
         doctor.Conclude();
     } catch (const EndOfProcess&) {
-        doctor.Save();  // a closed window is no reason to lose what has been found
+        doctor.Save();  // the findings are kept even if the window is closed
         throw;
     }
     throw EndOfProcess{doctor.ExitStatus(), ""};

@@ -1,5 +1,5 @@
-// The speech and sound check: whether the game can be heard and played on this machine, and if
-// not, why. Spoken, and written down for those who help.
+// The speech and sound check: whether the game can be heard and played on this machine, and if not,
+// why. Spoken, and written to a report for support.
 #pragma once
 
 #include <cstdint>
@@ -14,27 +14,27 @@ namespace tamlo {
 
 class Form1;
 
-/// The sound output at a moment.
+/// The state of the sound output.
 struct SoundState {
     std::string driver;       ///< empty without a card
     int frames = 0;           ///< of one block
     int late = 0;             ///< late blocks since the start
-    bool audible = false;     ///< whether a card takes the stream, or only a clock
+    bool audible = false;     ///< whether a card plays the stream, not only a clock
     std::int64_t played = 0;  ///< frames since the start
 };
 
-/// What the check asks, beside the game's own services.
+/// What the check uses besides the game's own services.
 struct Surroundings {
-    std::string front;    ///< what the game plays in, such as "a window"
-    bool answers = true;  ///< whether there is somebody to press keys
+    std::string front;    ///< what the game runs in, such as "a window"
+    bool answers = true;  ///< whether somebody can press keys
     std::function<SoundState()> sound;
-    std::vector<std::string> voices;  ///< what they are called, by their number
+    std::vector<std::string> voices;  ///< names by number
     std::vector<std::pair<std::string, std::string>> facts;
     std::vector<ScreenReader> readers;
     std::string reports;     ///< folder for the report, or empty
     std::string home;        ///< the player's, or empty
-    std::string text = {};   ///< out: the report, as far as it has come
-    std::string saved = {};  ///< out: where it has been written, empty if nowhere
+    std::string text = {};   ///< out: the report so far
+    std::string saved = {};  ///< out: the path of the report, empty if it is not written
 };
 
 /// Runs the check; leaves only by EndOfProcess, with exit status 1 if something has to be mended.

@@ -58,7 +58,8 @@ constexpr NamedKey named_keys[] = {
     {keys::beside_left_shift, "key beside the left Shift"},
 };
 
-constexpr std::size_t longest_list = 2000;  // characters; a held key must not fill the report
+constexpr std::size_t longest_list =
+    2000;  // characters; so that a held key does not fill the report
 
 }  // namespace
 

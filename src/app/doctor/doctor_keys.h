@@ -7,10 +7,10 @@ namespace tamlo {
 
 class Form1;
 
-/// What a key with this virtual-key code is called, such as "Enter" or "digit 3".
+/// The name of the key with this virtual-key code, such as "Enter" or "digit 3".
 std::string KeyName(int code);
 
-/// Speaks key after key until Escape comes twice; the names and codes of those pressed.
+/// Speaks each key pressed until Escape comes twice; returns the names and codes of the keys.
 std::string TryKeys(Form1& form);
 
 }  // namespace tamlo

@@ -1,4 +1,4 @@
-// What the speech and sound check has found: sentences for the ear, and a file for those who help.
+// The findings of the speech and sound check: as sentences to be spoken, and as a file for support.
 #pragma once
 
 #include <string>
@@ -13,23 +13,22 @@ struct Finding {
         hint,   ///< the game can be played, but not as well as it could be
         fault,  ///< something has to be mended first
     };
-    std::string topic;  ///< a few words, such as "the voices"; one finding for each
+    std::string topic;  ///< a few words, such as "the voices"; one finding per topic
     Weight weight = Weight::fine;
     std::string text;  ///< whole sentences
 };
 
 class DoctorReport {
   public:
-    /// Takes the place of an earlier finding on the same topic.
+    /// Replaces an earlier finding on the same topic.
     void Add(const Finding& finding);
-    /// A line of the file that is not spoken.
+    /// Adds a line to the file that is not spoken.
     void Note(const std::string& name, const std::string& value);
 
     const std::vector<Finding>& Findings() const { return findings_; }
     /// One sentence about all findings.
     std::string Verdict() const;
-    /// The content of the file. `home`, unless empty, is written as "~": who reads it need not
-    /// know.
+    /// The content of the file. `home`, unless empty, is replaced by "~" for privacy.
     std::string Text(const std::string& home) const;
 
   private:

@@ -29,7 +29,7 @@ constexpr int wrong_use = 2;
 const std::string usage =
     "usage: tamlo-rehearse [--documents DIR] [--sounds DIR] [--cwd DIR] [SCRIPT]";
 
-/// What is wrong with the arguments or the script, for the line on standard error.
+/// What is wrong with the arguments or the script, for standard error.
 struct WrongUse : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -73,7 +73,7 @@ std::string Folder(const std::string& option, const std::string& path) {
     return folder.string();
 }
 
-/// A folder for a rehearsal that was given none, removed behind it.
+/// A temporary folder for a rehearsal without a given one, removed at its end.
 class FreshFolder {
   public:
     FreshFolder() {
@@ -145,7 +145,7 @@ int Rehearse(const Arguments& arguments) {
 }  // namespace tamlo
 
 int main(int argc, char** argv) {
-    // A reader that has seen enough must not keep the temporary folder from being removed.
+    // If the reader of the output stops early, the temporary folder is still removed.
     tamlo::IgnoreStraySignals();
     try {
         if (argc == 2 && std::string_view(argv[1]) == "--help") {

@@ -24,7 +24,7 @@ struct Lesson {
     std::string spoken;
 };
 
-/// Every effect, in the order of the table; those with the same meaning are counted.
+/// All effects, in the order of the table; those with the same meaning are numbered.
 std::vector<Lesson> Lessons() {
     std::vector<Lesson> lessons;
     std::string_view last_role;
@@ -47,7 +47,7 @@ int SceneOf(std::string_view sound) {
     return 0;
 }
 
-/// Some seconds of a loop, or less with a key.
+/// Plays a loop for some seconds, or until a key is pressed.
 void PlayLoop(Form1& form, std::string_view sound) {
     form.clk();
     form.playloop(sound);
@@ -107,7 +107,7 @@ void LearnSounds(Form1& form) {
             continue;
         }
         PlayLesson(form, lessons[static_cast<std::size_t>(item) - 1].effect);
-        menu.first = item;  // the list goes on where it was
+        menu.first = item;  // the list continues at this item
     }
     form.say(" Good bye. ");
     throw EndOfProcess{};

@@ -1,4 +1,4 @@
-// Learning the sounds: a spoken list of every effect of the game, each played as the game plays it.
+// Learning the sounds: a spoken list of all effects, each played as in the game.
 #pragma once
 
 namespace tamlo {

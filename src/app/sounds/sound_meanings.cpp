@@ -1,4 +1,4 @@
-// The table of effects has the words, that of the road scenes how they move.
+// The words come from the table of effects, the movements from that of the road scenes.
 #include "app/sounds/sound_meanings.h"
 
 #include "driving/road_scenes.h"
@@ -7,7 +7,8 @@
 namespace tamlo {
 namespace {
 
-constexpr double bed_level = -30;  // LUFS: what lies under speech is quieter, all else louder
+constexpr double bed_level =
+    -30;  // LUFS: sounds that play under speech are quieter, all others louder
 
 SoundPath PathOf(Movement movement) {
     switch (movement) {

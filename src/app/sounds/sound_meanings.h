@@ -7,7 +7,7 @@
 
 namespace tamlo {
 
-/// The meaning of NAME.wav; of any other name, one that tells nothing.
+/// The meaning of NAME.wav; an empty one for any other name.
 SoundMeaning MeaningOfSound(std::string_view name);
 
 }  // namespace tamlo
