@@ -22,13 +22,13 @@ class RehearsedGame {
   public:
     /// What a test may do at rest after the script's last step: give more steps, or none.
     /// `asked` is the last text that was spoken.
-    using Improviser =
+    using StepSource =
         std::function<std::vector<Step>(const GameState& gs, const std::string& asked)>;
 
     /// Runs the game once with a script.
-    Performance Run(std::string_view script_text, const Improviser& improviser = {}) {
+    Performance Run(std::string_view script_text, const StepSource& more_steps = {}) {
         Performance performance;
-        RunTo(performance, Parse(script_text), improviser, [](Form1& game) { game.Form_Load(); });
+        RunTo(performance, Parse(script_text), more_steps, [](Form1& game) { game.Form_Load(); });
         performance.lines = TraceLines(performance.trace);
         return performance;
     }
@@ -52,10 +52,11 @@ class RehearsedGame {
         return performance;
     }
 
-    /// Runs another story of the game than the game itself.
-    Performance Tell(std::string_view script_text, const std::function<void(Form1&)>& story) {
+    /// Runs another program on the game's operations.
+    Performance RunProgram(std::string_view script_text,
+                           const std::function<void(Form1&)>& program) {
         Performance performance;
-        RunTo(performance, Parse(script_text), {}, story);
+        RunTo(performance, Parse(script_text), {}, program);
         performance.lines = TraceLines(performance.trace);
         return performance;
     }
@@ -84,7 +85,7 @@ class RehearsedGame {
         return std::get<Script>(std::move(script));
     }
 
-    void RunTo(Performance& performance, Script script, const Improviser& improviser,
+    void RunTo(Performance& performance, Script script, const StepSource& more_steps,
                const std::function<void(Form1&)>& act) {
         Rehearsal rehearsal(std::move(script),
                             {has_documents ? documents.Path() : "", sounds, current_directory},
@@ -93,8 +94,8 @@ class RehearsedGame {
         ListeningSpeech speech(services.speech);
         Form1 game({speech, services.sound, services.events, services.files, services.clock,
                     services.desktop, services.random});
-        if (improviser) {
-            rehearsal.Improvise([&] { return improviser(game.gs, speech.Last()); });
+        if (more_steps) {
+            rehearsal.ContinueWith([&] { return more_steps(game.gs, speech.Last()); });
         }
         const FieldAccess fields{
             [&game](std::string_view field, std::string_view value) {

@@ -148,15 +148,15 @@ class RehearsedDesktop final : public Desktop {
 
 }  // namespace
 
-struct Rehearsal::Company {
-    Company(Script script, RehearsalPlaces places, Files& disk, TraceSink sink)
+struct Rehearsal::Impl {
+    Impl(Script script, RehearsalFolders folders, Files& disk, TraceSink sink)
         : stage(std::move(script.steps), fields, std::move(sink)),
           speech(stage, script.voices),
-          sound(stage, std::move(places.sounds)),
+          sound(stage, std::move(folders.sounds)),
           events(stage),
-          files(stage, disk, std::move(places.current_directory)),
+          files(stage, disk, std::move(folders.current_directory)),
           clock(stage, script.date, script.time),
-          desktop(stage, std::move(places.documents)),
+          desktop(stage, std::move(folders.documents)),
           random(stage) {}
 
     FieldAccess fields;
@@ -170,24 +170,23 @@ struct Rehearsal::Company {
     RehearsedRandom random;
 };
 
-Rehearsal::Rehearsal(Script script, RehearsalPlaces places, Files& disk, TraceSink sink)
-    : company_(
-          std::make_unique<Company>(std::move(script), std::move(places), disk, std::move(sink))) {}
+Rehearsal::Rehearsal(Script script, RehearsalFolders folders, Files& disk, TraceSink sink)
+    : impl_(std::make_unique<Impl>(std::move(script), std::move(folders), disk, std::move(sink))) {}
 
 Rehearsal::~Rehearsal() = default;
 
 Platform Rehearsal::Services() {
-    Company& all = *company_;
+    Impl& all = *impl_;
     return {all.speech, all.sound, all.events, all.files, all.clock, all.desktop, all.random};
 }
 
-void Rehearsal::Improvise(std::function<std::vector<Step>()> more) {
-    company_->stage.Improvise(std::move(more));
+void Rehearsal::ContinueWith(std::function<std::vector<Step>()> more) {
+    impl_->stage.ContinueWith(std::move(more));
 }
 
 RehearsalResult Rehearsal::Run(const std::function<void()>& game, FieldAccess fields) {
-    company_->fields = std::move(fields);
-    Stage& stage = company_->stage;
+    impl_->fields = std::move(fields);
+    Stage& stage = impl_->stage;
     RehearsalResult result;
     try {
         stage.Begin();

@@ -16,7 +16,7 @@
 namespace tamlo {
 
 /// The folders of a rehearsal: absolute paths without a "/" at the end.
-struct RehearsalPlaces {
+struct RehearsalFolders {
     std::string documents;          ///< the user's Documents folder; empty: there is none
     std::string sounds;             ///< the program's own folder
     std::string current_directory;  ///< the process's, as the game sees it
@@ -30,7 +30,7 @@ struct RehearsalResult {
 class Rehearsal {
   public:
     /// `disk` does the work on files; it must outlive the rehearsal.
-    Rehearsal(Script script, RehearsalPlaces places, Files& disk, TraceSink sink);
+    Rehearsal(Script script, RehearsalFolders folders, Files& disk, TraceSink sink);
     ~Rehearsal();
     Rehearsal(const Rehearsal&) = delete;
     Rehearsal& operator=(const Rehearsal&) = delete;
@@ -40,15 +40,15 @@ class Rehearsal {
 
     /// Continues the rehearsal after its script: each time the game is at rest after the last step,
     /// `more` returns further steps, or none to end the rehearsal.
-    void Improvise(std::function<std::vector<Step>()> more);
+    void ContinueWith(std::function<std::vector<Step>()> more);
 
     /// Runs the game, which was made before, to its end or that of the script. The game's objects
     /// must outlive this call, so that their release writes no lines. Call it once.
     RehearsalResult Run(const std::function<void()>& game, FieldAccess fields);
 
   private:
-    struct Company;
-    std::unique_ptr<Company> company_;
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
 };
 
 }  // namespace tamlo

@@ -52,7 +52,7 @@ class Stage {
     Stage(std::vector<Step> steps, const FieldAccess& fields, TraceSink sink);
 
     /// `more` is called for more steps when the last one is executed and the game is at rest.
-    void Improvise(std::function<std::vector<Step>()> more) { more_ = std::move(more); }
+    void ContinueWith(std::function<std::vector<Step>()> more) { more_ = std::move(more); }
 
     Ticks Now() const { return now_; }
     void Write(std::string_view event, std::string_view detail = {}) {

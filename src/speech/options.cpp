@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "game/form1.h"
+#include "game/volumes.h"
 #include "services/key_codes.h"
 #include "services/sound.h"
 #include "services/speech.h"
@@ -13,7 +14,6 @@ namespace {
 
 constexpr int voice_volume_step = 5;
 constexpr int sound_volume_step = 100;
-constexpr int quietest_sound = -3500;
 
 /// Offers the voices one by one, from the first, until one is taken.
 void OfferVoices(Form1& form) {

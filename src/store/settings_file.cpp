@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <charconv>
 
+#include "game/volumes.h"
 #include "text/text_encoding.h"
 
 namespace tamlo {
 namespace {
 
-constexpr int quietest_sound = -3500;
 constexpr int widest_rate = 1'000'000'000;  // leaves room for the echo, which is five above it
 
 std::string Line(int number) {

@@ -68,7 +68,7 @@ TEST(AnHourOfDriving, LeavesNothingInMemory) {
     Form1 game({speech, services.sound, services.events, services.files, services.clock,
                 services.desktop, services.random});
     Drive drive;
-    rehearsal.Improvise(
+    rehearsal.ContinueWith(
         [&] { return drive.Next(game.gs, speech.Last(), services.clock.Steady()); });
     const FieldAccess fields{[&game](std::string_view field, std::string_view value) {
                                  SetField(game.gs, field, value);

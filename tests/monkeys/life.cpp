@@ -120,7 +120,7 @@ std::optional<Fault> Life::Run() {
         Form1 game({speech, services.sound, events, services.files, services.clock,
                     services.desktop, services.random});
         events.Watch(game.gs);
-        rehearsal.Improvise([&] {
+        rehearsal.ContinueWith([&] {
             play.texts = speech.Count();
             return Next(play, game.gs, speech.Last());
         });

@@ -31,7 +31,7 @@ struct Check {
     }
 
     Performance Run(std::string_view script) {
-        return game.Tell(script, [this](Form1& form) {
+        return game.RunProgram(script, [this](Form1& form) {
             clock = &form.platform.clock;
             try {
                 CheckSpeechAndSound(form, around);

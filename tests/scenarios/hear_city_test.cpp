@@ -13,8 +13,8 @@ TEST(HearCity, NamesAreHeardAloneAndInACorner) {
     for (int name = 1; name <= 147; ++name) names.push_back("Name" + std::to_string(name));
     RehearsedGame game;
     const auto run =
-        game.Tell("press down enter\nafter 5 up\npress up enter\nafter 5 q\npress f1 escape",
-                  [&](Form1& form) { HearCity(form, "Paris", names); });
+        game.RunProgram("press down enter\nafter 5 up\npress up enter\nafter 5 q\npress f1 escape",
+                        [&](Form1& form) { HearCity(form, "Paris", names); });
     EXPECT_TRUE(run.Heard(" road 1, Name1 "));
     EXPECT_TRUE(run.Heard(" You are at the corner of Name96 and Name2, heading North"));
     EXPECT_TRUE(run.Heard(" street 102, Name147 "));

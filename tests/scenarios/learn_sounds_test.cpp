@@ -9,7 +9,7 @@ namespace {
 
 TEST(LearnSounds, EachIsNamedAndPlayedAsInTheGame) {
     RehearsedGame game;
-    const auto run = game.Tell(
+    const auto run = game.RunProgram(
         "press enter q f1 down down down enter\nupon sound tamlo4 down\n"
         "press up up up up enter\nafter 12 escape",
         LearnSounds);
@@ -26,7 +26,7 @@ TEST(LearnSounds, ScenesMove) {
     RehearsedGame game;
     std::string downs;
     for (int i = 0; i < 87; ++i) downs += " down";
-    const auto run = game.Tell("press" + downs + " enter escape", LearnSounds);
+    const auto run = game.RunProgram("press" + downs + " enter escape", LearnSounds);
     EXPECT_TRUE(run.Heard(" tram "));
     EXPECT_GT(run.Events("setpan tamlo88").size(), 80u);
 }

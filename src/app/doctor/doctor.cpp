@@ -6,6 +6,7 @@
 
 #include "app/doctor/doctor_keys.h"
 #include "app/doctor/doctor_report.h"
+#include "audio/mixing/source.h"
 #include "game/form1.h"
 #include "services/clock.h"
 #include "services/end_of_process.h"
@@ -23,7 +24,6 @@ namespace {
 using Weight = Finding::Weight;
 
 constexpr const char* bell = "tamlo9";
-constexpr int stream_rate = 48000;
 constexpr int only_left = -10000;
 constexpr int only_right = 10000;
 constexpr double shortest_measurement = 0.5;  // seconds

@@ -111,24 +111,25 @@ Script ParseScript(const std::string& text) {
     return std::get<Script>(std::move(script));
 }
 
-RehearsalPlaces FindPlaces(const Arguments& arguments, std::optional<FreshFolder>& fresh) {
-    RehearsalPlaces places;
-    places.sounds = Folder("--sounds", arguments.sounds.value_or(SoundsFolder()));
-    places.current_directory = Folder("--cwd", arguments.current_directory.value_or(places.sounds));
+RehearsalFolders FindFolders(const Arguments& arguments, std::optional<FreshFolder>& fresh) {
+    RehearsalFolders folders;
+    folders.sounds = Folder("--sounds", arguments.sounds.value_or(SoundsFolder()));
+    folders.current_directory =
+        Folder("--cwd", arguments.current_directory.value_or(folders.sounds));
     if (!arguments.documents) {
-        places.documents = fresh.emplace().Path();
+        folders.documents = fresh.emplace().Path();
     } else if (!arguments.documents->empty()) {
-        places.documents = Folder("--documents", *arguments.documents);
+        folders.documents = Folder("--documents", *arguments.documents);
     }
-    return places;
+    return folders;
 }
 
 int Rehearse(const Arguments& arguments) {
     Script script = ParseScript(ReadText(arguments.script));
     std::optional<FreshFolder> fresh;
-    RehearsalPlaces places = FindPlaces(arguments, fresh);
+    RehearsalFolders folders = FindFolders(arguments, fresh);
     DiskFiles disk;
-    Rehearsal rehearsal(std::move(script), std::move(places), disk, [](std::string_view lines) {
+    Rehearsal rehearsal(std::move(script), std::move(folders), disk, [](std::string_view lines) {
         std::fwrite(lines.data(), 1, lines.size(), stdout);
     });
     Form1 game(rehearsal.Services());
