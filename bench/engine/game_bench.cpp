@@ -22,7 +22,7 @@ std::string ReadExample(const std::string& name) {
 
 void CheckWave(benchmark::State& state) {
     RehearsedGame rehearsed;
-    rehearsed.Tell("", [&state](Form1& game) {
+    rehearsed.RunProgram("", [&state](Form1& game) {
         for (auto check : state) {
             static_cast<void>(check);
             game.gs.wcv = 0;
