@@ -108,6 +108,15 @@ TEST(Doctor, TellsWhatIsWrong) {
     EXPECT_EQ(check.status, 1);
 }
 
+TEST(Doctor, NamesOfFilesDoNotCommandTheTerminal) {
+    Check check;
+    check.game.Write("tamlo\x1b[2J\nFault. Made up", "x");
+    check.Run("press up enter");
+    EXPECT_NE(check.Report().find("File tamlo [2J Fault. Made up: 1 bytes\n"), std::string::npos)
+        << check.Report();
+    EXPECT_EQ(check.Report().find('\x1b'), std::string::npos);
+}
+
 TEST(Doctor, EarsThatAreNotApartAreAHint) {
     Check check;
     check.Run("press enter n enter escape");

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/printable.h"
+
 namespace tamlo {
 namespace {
 
@@ -37,7 +39,9 @@ void DoctorReport::Add(const Finding& finding) {
 }
 
 void DoctorReport::Note(const std::string& name, const std::string& value) {
-    Put(notes_, {name, value}, &std::pair<std::string, std::string>::first);
+    // Names of files may hold anything, and the report is printed.
+    Put(notes_, {PrintableLine(name), PrintableLine(value)},
+        &std::pair<std::string, std::string>::first);
 }
 
 std::string DoctorReport::Topics(Finding::Weight weight) const {
