@@ -15,6 +15,7 @@ import shlex
 import shutil
 import subprocess
 import sys
+import threading
 
 from .cache import Clean, digest
 
@@ -47,7 +48,7 @@ class Tidy:
         self.config = project.root / ".clang-tidy"
         self.folder = project.build / "rules"
         self.folder.mkdir(parents=True, exist_ok=True)
-        self.clean = Clean(project.build, "tidy")
+        self.clean, self.lock = Clean(project.build, "tidy"), threading.Lock()
         version = subprocess.run(["clang-tidy", "--version"], capture_output=True, text=True).stdout
         self.version = re.search(r"version \S+", version)[0]
 
@@ -74,8 +75,10 @@ class Tidy:
         """The breaches of a batch; what has none is remembered as clean."""
         found, compiles = self.findings(batch)
         if not found and compiles:
-            for source in batch:
-                self.clean.add(self.key(source))
+            with self.lock:
+                for source in batch:
+                    self.clean.add(self.key(source))
+                self.clean.save()
             return []
         if len(batch) == 1:
             return [f"{self.name(path)}:{text}" for path, text in found] or [
@@ -119,6 +122,5 @@ def check(project):
         with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as jobs:
             for breaches in jobs.map(tidy.check, batches(changed)):
                 yield from breaches
-                tidy.clean.save()
     finally:
         tidy.clean.save()
