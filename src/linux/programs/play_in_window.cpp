@@ -8,7 +8,9 @@
 
 #include "game/form1.h"
 #include "linux/programs/display_farewell.h"
+#include "linux/system/said_lines.h"
 #include "linux/system/system_desktop.h"
+#include "linux/system/user_dirs.h"
 #include "linux/terminal/printed_lines.h"
 #include "linux/window/desktop_window.h"
 #include "reading/braille_display.h"
@@ -31,16 +33,19 @@ SessionEnd PlayInWindow(const Hearing& hearing, DesktopWindow& window, const Ses
         const std::lock_guard lock(one_at_a_time);
         unspoken.Print(line);
     });
+    SaidLines said(StateFolder());
     const DisplayFarewell farewell(window, voice.Service());
     Captioned heard(voice.Service(), hearing.sound, system.clock, [&](const std::string& line) {
         voice.TellFindings();
         window.ShowLine(line);
         braille.Show(line);
+        said.Add(line);
         if (!voice.Audible()) printer.Print(line);
     });
     SystemDesktop desktop({.message_box =
                                [&](const std::string& text) {
                                    braille.Show(PrintableLine(text));
+                                   said.Add(PrintableLine(text));
                                    window.MessageBox(text);
                                },
                            .beep = [&] { heard.Beep(); },
