@@ -23,7 +23,7 @@ constexpr double between_tries = 0.1;  // s
 
 }  // namespace
 
-void PlayAlone(Form1& game) {
+void PlayIfOnlyInstance(Form1& game) {
     game.getdatapath();
     FolderLock files(game.gs.datapath);
     for (int tries = 1; !files.Take(); ++tries) {

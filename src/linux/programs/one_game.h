@@ -8,6 +8,6 @@ class Form1;
 /// Plays the game, unless another one is playing with the same files: then waits two seconds, in
 /// case that it is just ending, tells the player, and ends with status 1. Leaves only by
 /// EndOfProcess.
-void PlayAlone(Form1& game);
+void PlayIfOnlyInstance(Form1& game);
 
 }  // namespace tamlo

@@ -4,5 +4,5 @@
 #include "linux/programs/one_game.h"
 
 int main() {
-    return tamlo::RunOnThisMachine(tamlo::SoundsFolder(), tamlo::PlayAlone);
+    return tamlo::RunOnThisMachine(tamlo::SoundsFolder(), tamlo::PlayIfOnlyInstance);
 }
