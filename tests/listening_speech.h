@@ -1,4 +1,4 @@
-// A voice that remembers what it was last given, for those who answer it.
+// A voice that remembers the last text, for tests that answer it.
 #pragma once
 
 #include <cstdint>

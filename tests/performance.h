@@ -1,4 +1,4 @@
-// What a rehearsal came to, and ways to look something up in it.
+// The result of a rehearsal, and ways to look something up in it.
 #pragma once
 
 #include <algorithm>
@@ -65,7 +65,7 @@ struct Performance {
         return lines.at(IndexOf(text, which)).seconds;
     }
 
-    /// The lines after the first one that contains `first`, up to and without the next one
+    /// The lines after the first one that contains `first`, up to but not including the next one
     /// that contains `last`, or to the end.
     std::vector<TraceLine> Between(std::string_view first, std::string_view last) const {
         std::vector<TraceLine> between;

@@ -1,4 +1,4 @@
-// What the game says by itself, for the tests that go through it: monkeys, and measures of voices.
+// What the game says, for tests that go through all of it: monkeys, and measurements of voices.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// The real game on the rehearsal platform, for tests that read like a page of play.
+// The real game on the rehearsal platform.
 #pragma once
 
 #include <functional>
@@ -17,10 +17,10 @@
 
 namespace tamlo {
 
-/// Where a game is rehearsed: its Documents folder lives on from one run to the next.
+/// A game to rehearse; its Documents folder is kept from one run to the next.
 class RehearsedGame {
   public:
-    /// What a test may do at rest after the script's last step: give more steps, or none.
+    /// Called at rest after the script's last step: returns more steps, or none.
     /// `asked` is the last text that was spoken.
     using StepSource =
         std::function<std::vector<Step>(const GameState& gs, const std::string& asked)>;
@@ -35,7 +35,7 @@ class RehearsedGame {
 
     /// Runs some operations of the game alone, as they are after the start-up.
     Performance Perform(std::string_view script_text, const std::function<void(Form1&)>& act) {
-        // The last step never comes: the operations may take all the time they want.
+        // The last step never comes, so the operations may take any time.
         const std::string script = std::string(script_text) + "\nafter 900000000 escape";
         Performance performance;
         RunTo(performance, Parse(script), {}, [&act](Form1& game) {
@@ -71,7 +71,7 @@ class RehearsedGame {
 
     TemporaryFolder documents;
     DiskFiles disk;
-    Files* files = &disk;               ///< a test may put a faulty disk in between
+    Files* files = &disk;               ///< a test may use a faulty disk instead
     std::string sounds = TAMLO_SOUNDS;  ///< the set built with the project
     std::string current_directory = sounds;
     bool has_documents = true;

@@ -1,4 +1,4 @@
-// A fresh folder for one test, removed after it with everything in it.
+// A temporary folder for one test, removed with its content.
 #pragma once
 
 #include <stdlib.h>

@@ -14,7 +14,7 @@ inline std::string LittleEndian(std::uint32_t number, int size) {
     return bytes;
 }
 
-/// A chunk with its head, and a byte after it when its length is odd.
+/// A chunk with its head, and a padding byte if its length is odd.
 inline std::string Chunk(std::string_view id, std::string_view content) {
     std::string bytes(id);
     bytes += LittleEndian(static_cast<std::uint32_t>(content.size()), 4);
@@ -23,7 +23,7 @@ inline std::string Chunk(std::string_view id, std::string_view content) {
     return bytes;
 }
 
-/// The chunk that tells the format: uncompressed, unless `kind` says otherwise.
+/// The format chunk: uncompressed, unless `kind` says otherwise.
 inline std::string FormatChunk(int channels, int rate, int bits, int kind = 1) {
     const auto frame = static_cast<std::uint32_t>(channels * bits / 8);
     const auto frames = static_cast<std::uint32_t>(rate);

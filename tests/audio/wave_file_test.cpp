@@ -103,7 +103,7 @@ TEST(WaveFile, RefusesWhatItCannotTrust) {
         {"no channel", WaveFile(FormatChunk(0, 22050, 16) + data)},
         {"three channels", WaveFile(FormatChunk(3, 22050, 16) + data)},
         {"24 bits", WaveFile(FormatChunk(1, 22050, 24) + data)},
-        {"no rate", WaveFile(FormatChunk(1, 0, 16) + data)},
+        {"rate too low", WaveFile(FormatChunk(1, 99, 16) + data)},
         {"rate too high", WaveFile(FormatChunk(1, 200001, 16) + data)},
         {"frame size wrong", WaveFile(block_align_wrong + data)},
         {"chunk of 4 GB in front", WaveFile("JUNK" + LittleEndian(0xFFFFFFFF, 4) + mono + data)},

@@ -1,4 +1,4 @@
-// Findings on streets files, and the map.
+// Findings about streets files, and the map.
 #include "city/city_check.h"
 
 #include <gmock/gmock.h>

@@ -10,7 +10,7 @@ namespace {
 
 TEST(Tip, FallsWithEveryBoundary) {
     const struct {
-        double late;  // seconds behind the expected time
+        double late;  // seconds after the expected time
         double tip;   // of an order of 100 dollars
     } cases[] = {{-10000, 30}, {-300, 30}, {-275, 29},  {0, 18},     {25, 17},
                  {250, 8},     {450, 0},   {451, 0.02}, {9000, 0.02}};

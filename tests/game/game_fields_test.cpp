@@ -1,4 +1,4 @@
-// What a script may set and show of the game's record, and how it is refused.
+// Setting and showing fields of the game's record, and what is refused.
 #include "game/game_fields.h"
 
 #include <gtest/gtest.h>

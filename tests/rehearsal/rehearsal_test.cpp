@@ -1,4 +1,5 @@
-// The rehearsed world: what its traces say, when its steps come, and that its clock is exact.
+// Rehearsals: the lines of their traces, the moments of their steps, and the exactness of their
+// clock.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,7 +20,7 @@ TEST(Rehearsal, WritesSpeechAtItsTimes) {
                            game.voice->SetRate(-10);
                            game.voice->SetVolume(90);
                            game.Queue("one");
-                           game.Say("zw\xC3\xB6lf");     // five characters behind three
+                           game.Say("zw\xC3\xB6lf");     // five characters after three
                            game.Queue("a \"b\"\\\r\n");  // seven
                            game.WaitForSpeech();
                            game.Queue("dropped");
@@ -55,7 +56,7 @@ TEST(Rehearsal, WritesSoundsAtTheirTimes) {
                            game.sound->SetFrequency(16001);  // 9600 frames are left
                            game.sound->Stop();
                            game.Wait(0.1);
-                           game.sound->Play(PlayMode::once);  // goes on from where it stopped
+                           game.sound->Play(PlayMode::once);  // continues where it stopped
                            game.key = 0;
                            game.WaitForSound();
                            game.sound->Stop();
@@ -86,7 +87,7 @@ TEST(Rehearsal, WritesSoundsAtTheirTimes) {
               "0.610 end\n");
 }
 
-TEST(Rehearsal, KeepsALoopsPlaceAndEndsAtTheFirstTurnBehind) {
+TEST(Rehearsal, KeepsALoopsPlaceAndEndsAtTheFirstTurnAfter) {
     std::vector<double> left;
     Rehearse("", [&](FakeGame& game) {
         game.Load("tune");
@@ -103,7 +104,7 @@ TEST(Rehearsal, KeepsALoopsPlaceAndEndsAtTheFirstTurnBehind) {
         left.push_back(game.sound->SecondsLeft());
         game.Turn();
         left.push_back(game.sound->GetStatus());
-        game.sound->Play(PlayMode::once);  // stands at the start again
+        game.sound->Play(PlayMode::once);  // is at the start again
         left.push_back(game.sound->SecondsLeft());
     });
     EXPECT_THAT(left, ElementsAre(0.75, 0, 1 / 8000.0, 0, 1));
@@ -124,7 +125,7 @@ TEST(Rehearsal, NothingFollowsTheLastLine) {
     EXPECT_EQ(ended.Count("stop"), 0);
 }
 
-/// Waits for keys for ever, saying which came.
+/// Waits for keys forever, and says which came.
 void EchoKeys(FakeGame& game) {
     for (;;) game.Say("got " + std::to_string(game.WaitForKey()));
 }
@@ -138,7 +139,7 @@ TEST(Rehearsal, PressesAtRest) {
         game.WaitForKey();  // 0.2 + 6 s
         game.Wait(3);
         game.platform.random.Next();
-        game.Wait(5);  // for the clock and status may be asked
+        game.Wait(5);  // asking for the clock and a status does not count
         game.voice->Status();
         game.Wait(5);
         game.Say("yes");
@@ -148,7 +149,7 @@ TEST(Rehearsal, PressesAtRest) {
     EXPECT_DOUBLE_EQ(performance.TimeOf("key 65"), 7);
     EXPECT_DOUBLE_EQ(performance.TimeOf("key 66"), 13.2);
     EXPECT_DOUBLE_EQ(performance.lines.back().seconds, 13.2 + 3.01 + 6);
-    // A game that does nothing about a key is at rest again behind it.
+    // A game that does nothing after a key is at rest again.
     const auto deaf = Rehearse("press a b", [](FakeGame& game) {
         for (;;) game.Turn();
     });
@@ -158,8 +159,8 @@ TEST(Rehearsal, PressesAtRest) {
 
 TEST(Rehearsal, PressesUponSpeechAndSound) {
     const auto performance = Rehearse(
-        "upon \"second\" a\n"   // begins behind the first, at 0.25
-        "upon \"dropped\" b\n"  // not the one that is never heard, but the next
+        "upon \"second\" a\n"   // begins after the first, at 0.25
+        "upon \"dropped\" b\n"  // not the first, which is never heard, but the next
         "upon sound bell c\n"
         "after 0 d\n"  // in the same turn
         "after 0.456 e\n"
@@ -265,7 +266,7 @@ TEST(Rehearsal, GivesUpAfterAnHourInVain) {
         EXPECT_THAT(performance.Events().back(), testing::Not(testing::AnyOf("rest", "end")));
         EXPECT_LE(performance.lines.back().seconds, 3610);
     }
-    // A long time that the script itself asks for is no waiting in vain.
+    // A long time that the script itself asks for is not a failure.
     EXPECT_EQ(Rehearse("after 1000000 a", EchoKeys).exit_status, 0);
 }
 

@@ -1,4 +1,4 @@
-// The captions of the game: what is heard, and where it moves.
+// The captions of the game: sounds and their movements.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-// A player who always drives straight to the next open order as fast as the vehicle goes, and who
-// quits for the day every few trips: answers what was last said, until the game ends.
+// A player who always drives straight to the next open order at top speed, and quits for the day
+// every few trips. Answers what was last said, until the game ends.
 #pragma once
 
 #include <cstdlib>
@@ -17,7 +17,7 @@ class CareerDriver {
     /// Quits for the day after so many trips; 0 never does.
     explicit CareerDriver(int trips_a_day) : trips_a_day_(trips_a_day) {}
 
-    /// The keys for what the game has just asked, as steps; none when there is nothing to do.
+    /// The keys that answer the game's last prompt, as steps; none if there is nothing to do.
     std::vector<Step> Answer(const GameState& gs, const std::string& asked) {
         std::vector<Step> steps;
         for (const int key : Keys(gs, asked)) {
@@ -66,7 +66,7 @@ class CareerDriver {
         return {'0' + speed / 10, '0' + speed % 10};
     }
 
-    /// The next open order's corner, or the nearer of the restaurant's.
+    /// The corner of the next open order, or the nearer one of the restaurant.
     static void Target(const GameState& gs, int& x, int& y) {
         x = gs.rox <= 51 ? 51 : 52;
         y = 23;
@@ -82,7 +82,7 @@ class CareerDriver {
         int y = 0;
         Target(gs, x, y);
         int wanted = gs.rox < x ? 2 : gs.rox > x ? 4 : gs.roy < y ? 3 : 1;
-        // On the very corner: around the block and back.
+        // Already at the corner: around the block and back.
         if (gs.rox == x && gs.roy == y) wanted = gs.roz;
         switch ((wanted - gs.roz + 4) % 4) {
             case 0: return {enter};

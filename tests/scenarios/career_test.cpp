@@ -21,7 +21,7 @@ struct Career {
     int most_promotions_a_return = 0;
 };
 
-/// Plays to the record; every day is a run of the program.
+/// Plays until the record; each day is a run of the program.
 Career PlayCareer(RehearsedGame& game, int trips_a_day, const std::string& first_day = "") {
     Career career;
     CareerDriver driver(trips_a_day);

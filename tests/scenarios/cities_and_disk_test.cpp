@@ -1,4 +1,4 @@
-// The player's own files: cities, settings, and a disk that does not do as it should.
+// The player's files: cities, settings, and a disk with faults.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -96,7 +96,7 @@ TEST(Settings, AVoiceIsKeptAsSoonAsItIsChosen) {
     EXPECT_EQ(game.Content("tamlo.cfg").substr(0, 4), " 1\r\n");
 }
 
-TEST(StubbornDisk, IsToldOnceBehindTheTitleAndTheGameGoesOn) {
+TEST(StubbornDisk, IsToldOnceAfterTheTitleAndTheGameGoesOn) {
     RehearsedGame game;
     StubbornFiles files("tolvane");
     game.files = &files;

@@ -1,4 +1,4 @@
-// The speech and sound check, key by key, and what it makes of machines that lack something.
+// The speech and sound check, key by key, and its findings on machines that lack something.
 #include "app/doctor/doctor.h"
 
 #include <gtest/gtest.h>

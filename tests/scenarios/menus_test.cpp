@@ -56,7 +56,7 @@ TEST(Keys, WaitingForSpeechLeavesTheKeyPending) {
         });
     EXPECT_TRUE(run.Heard("75k"));
     EXPECT_TRUE(run.Heard("then 27"));
-    EXPECT_LE(run.TimeOf("say \"75k\""), 0.35);  // once speech has had its time to start
+    EXPECT_LE(run.TimeOf("say \"75k\""), 0.35);  // after the delay for speech to start
 }
 
 TEST(Keys, AreEchoedFasterAndTheRateIsSetBack) {

@@ -175,15 +175,15 @@ TEST(Door, NoCustomerComesTwiceInTwentyOne) {
         }
     });
     std::set<int> seen;
-    int behind_twenty = 0;
+    int again_after_twenty = 0;
     for (std::size_t i = 0; i < customers.size(); ++i) {
         seen.insert(customers[i]);
-        behind_twenty += i > 20 && customers[i] == customers[i - 21];
+        again_after_twenty += i > 20 && customers[i] == customers[i - 21];
         for (std::size_t back = 1; back <= 20 && back <= i; ++back) {
             EXPECT_NE(customers[i], customers[i - back]);
         }
     }
-    EXPECT_GT(behind_twenty, 0);
+    EXPECT_GT(again_after_twenty, 0);
     for (int c = 41; c <= 80; ++c) EXPECT_TRUE(seen.count(c)) << c;
     EXPECT_EQ(*seen.begin(), 41);
     EXPECT_EQ(*seen.rbegin(), 80);

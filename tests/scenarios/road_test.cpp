@@ -1,4 +1,4 @@
-// What the road does to the driver: hazards, patrols, scenes, with their pans, paces and times.
+// Road events: hazards, patrols and scenes, with their pans, paces and times.
 #include <gtest/gtest.h>
 
 #include "rehearsed_game.h"
@@ -6,7 +6,7 @@
 namespace tamlo {
 namespace {
 
-/// Puts the driver at a corner and has the road checked.
+/// Puts the driver at a corner and checks the road there.
 Performance Check(int street, int road, double speed, const std::string& draws,
                   RehearsedGame&& game = {}) {
     return game.Perform("draw " + draws + "\nshow tit atod", [&](Form1& form) {
@@ -14,7 +14,7 @@ Performance Check(int street, int road, double speed, const std::string& draws,
         form.gs.roy = road;
         form.gs.sped = speed;
         form.checkspec();
-        form.dy(7);  // lets the last step find the game at rest
+        form.dy(7);  // so that the game is at rest for the last step
         form.dy(7);
     });
 }
@@ -50,7 +50,7 @@ TEST(Hazards, HoldTheDriverUpAtTheirCorners) {
         // One scene in 42: the draw of 22. The near miss is scene 4.
         {"a scene", 10, 10, 30, "0.5119 0.18 0.5", "play tamlo33 once", "45"},
         {"a draw before the scene", 10, 10, 30, "0.4999", "", "0"},
-        {"a draw behind the scene", 10, 10, 30, "0.5239", "", "0"},
+        {"a draw after the scene", 10, 10, 30, "0.5239", "", "0"},
     };
     for (const auto& c : cases) {
         const auto run = Check(c.street, c.road, c.speed, c.draws);
@@ -109,14 +109,14 @@ TEST(Scenes, NoneComesTwiceInFive) {
             if (form.gs.evhist(4) != newest) played.push_back(form.gs.evhist(4));
         }
     });
-    int behind_four = 0;
+    int again_after_four = 0;
     for (std::size_t i = 0; i < played.size(); ++i) {
-        behind_four += i > 4 && played[i] == played[i - 5];
+        again_after_four += i > 4 && played[i] == played[i - 5];
         for (std::size_t back = 1; back <= 4 && back <= i; ++back) {
             EXPECT_NE(played[i], played[i - back]);
         }
     }
-    EXPECT_GT(behind_four, 0);
+    EXPECT_GT(again_after_four, 0);
 }
 
 TEST(Odds, OfScenesAndTrainsHoldOverManyCorners) {

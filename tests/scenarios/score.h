@@ -11,15 +11,15 @@
 
 namespace tamlo {
 
-/// Seconds for which a line of a trace holds the game up: a blocking utterance its length.
+/// The seconds that a line of a trace takes: the length of a blocking utterance, else 0.
 inline double Held(const TraceLine& line) {
     if (!line.event.starts_with("say \"")) return 0;
     constexpr std::string_view around = "say \"\"";
     return 0.05 * static_cast<double>(CountCharacters(line.event) - around.size());
 }
 
-/// How many lines from `begin` on set the volume or the pan of a sound in even steps, as a movement
-/// is made of; 1 if there is no movement.
+/// How many lines from `begin` on set the volume or the pan of a sound in equal steps, as a
+/// movement does; 1 if there is no movement.
 inline std::size_t StepsFrom(const std::vector<TraceLine>& lines, std::size_t begin) {
     const auto blank = [&](std::size_t i) { return lines[i].event.rfind(' ') + 1; };
     const auto value = [&](std::size_t i) { return std::stoi(lines[i].event.substr(blank(i))); };
@@ -65,8 +65,9 @@ inline Moment MomentAt(const std::vector<TraceLine>& lines, std::size_t at) {
 }
 
 /// A line for what follows without a pause, with the seconds since the end of what came before.
-/// What only prepares a sound is left out: its `play` tells its volume, pan and frequency. A
-/// movement in even steps is one event, and so is a key's echo, a little faster than other speech.
+/// Lines that only prepare a sound are left out: its `play` has its volume, pan and frequency. A
+/// movement in equal steps is one event, and so is the echo of a key, which is faster than other
+/// speech.
 inline std::string Score(const Performance& run) {
     std::string score;
     double end = 0;
@@ -85,8 +86,8 @@ inline std::string Score(const Performance& run) {
     return score + "\n";
 }
 
-/// The score with the lines of the log: a text that is spoken and logged is marked, what is only
-/// logged stands at the end of the line of what was logged before it.
+/// The score with the lines of the log. A text that is spoken and logged is marked; one that is
+/// only logged is added to the line of the text that was logged before it.
 inline std::string WithLog(std::string score, std::string_view log) {
     std::size_t at = 0;
     while (!log.empty()) {

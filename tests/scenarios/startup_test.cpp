@@ -10,7 +10,7 @@ namespace {
 using testing::HasSubstr;
 using Texts = std::vector<std::string>;
 
-TEST(StartUp, SpeaksItsTitleBehindTheTuneAndStartsWithTheDefaults) {
+TEST(StartUp, SpeaksItsTitleAfterTheTuneAndStartsWithTheDefaults) {
     RehearsedGame game;
     const auto run = game.Run("show nv vr vv wavol gnd plast cash cartog mst mew nov");
     EXPECT_EQ(run.Events("state").at(0),

@@ -42,7 +42,7 @@ TEST(SavedGameFile, IsExactToTheByte) {
 TEST(SavedGameFile, AcceptsEveryTagForEveryFieldAndAMissingCount) {
     std::string bytes = Bytes({3, 0, 7, 0, 0, 0});  // cash 7
     bytes += Bytes({4, 0, 0, 0, 0x20, 0x40});       // vehicle 2.5, single
-    bytes += Bytes({0, 0, 0, 0});                   // hours and minutes never held
+    bytes += Bytes({0, 0, 0, 0});                   // hours and minutes, never set
     bytes += Bytes({2, 0, 59, 0});                  // seconds
     const auto five = DecodeSavedGame(bytes);
     ASSERT_TRUE(five);
