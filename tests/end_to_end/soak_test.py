@@ -3,6 +3,8 @@ machine takes things away: the sink is paused or another one, the server stands 
 voice is slow. Memory, descriptors, threads, drop-outs and delays are looked at every minute.
 
     soak_test.py TAMLO [--minutes N] [--seed N]      60 minutes by default
+
+Half of the runs are in a window, the others in a terminal.
 """
 
 import argparse
@@ -22,6 +24,7 @@ import threading
 import time
 import unittest
 
+from machine import Display
 from sound_servers import SoundServer
 from soak_health import Gaps, Health, judge
 from soak_player import SoakPlayer
@@ -36,24 +39,38 @@ ENDS_WITHIN = 60
 
 
 class Game:
-    """One run of the game in a terminal of its own, and the lines it prints."""
+    """One run of the game, and the lines it says, each with the time at which it came."""
 
-    def __init__(self, program, home, environment):
-        ours, theirs = pty.openpty()
-        self.terminal = ours
+    def __init__(self, program, home, environment, **options):
         self.lines = queue.Queue()
+        self.last = []
+        self.process = subprocess.Popen(
+            [program], cwd=os.path.dirname(program), start_new_session=True,
+            env={"HOME": home, "TERM": "xterm", "PATH": os.environ["PATH"],
+                 "XDG_RUNTIME_DIR": home, **environment}, **options)
+        threading.Thread(target=self._read, daemon=True).start()
+
+    def said(self, line):
+        self.last = [*self.last[-30:], line]
+        self.lines.put((time.monotonic(), line))
+
+    def player(self):
+        return child_of(self.process.pid)
+
+    def close(self):
+        stop(self.process)
+
+
+class InTerminal(Game):
+    def __init__(self, program, home, environment):
+        self.terminal, theirs = pty.openpty()
 
         def take_terminal():
             fcntl.ioctl(0, termios.TIOCSCTTY, 0)
 
-        self.process = subprocess.Popen(
-            [program], stdin=theirs, stdout=theirs, stderr=theirs, start_new_session=True,
-            preexec_fn=take_terminal, cwd=os.path.dirname(program),
-            env={"HOME": home, "TERM": "xterm", "PATH": os.environ["PATH"],
-                 "XDG_RUNTIME_DIR": home, **environment})
+        super().__init__(program, home, environment, stdin=theirs, stdout=theirs, stderr=theirs,
+                         preexec_fn=take_terminal)
         os.close(theirs)
-        threading.Thread(target=self._read, daemon=True).start()
-        self.last = []
 
     def _read(self):
         unread = ""
@@ -61,14 +78,11 @@ class Game:
             try:
                 data = os.read(self.terminal, 65536)
             except OSError:
-                break
-            if not data:
-                break
+                return
             unread += re.sub(r"\x1b\[\d*A", "", data.decode(errors="replace"))
             *lines, unread = re.split(r"[\r\n]+", unread)
             for line in filter(None, lines):
-                self.last = [*self.last[-30:], line]
-                self.lines.put((time.monotonic(), line))
+                self.said(line)
 
     def press(self, keys):
         try:
@@ -79,12 +93,42 @@ class Game:
         except OSError:
             pass  # it has ended
 
-    def player(self):
-        return child_of(self.process.pid)
-
     def close(self):
-        stop(self.process)
+        super().close()
         os.close(self.terminal)
+
+
+class InWindow(Game):
+    """Its lines are read from the file of the run, as a player would beside the game."""
+
+    def __init__(self, program, home, environment, display):
+        self.display = display
+        self.folder = os.path.join(home, ".local", "state", "tamlo")
+        self.before = set(self._runs())
+        super().__init__(program, home, {**environment, **display.environment},
+                         stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                         stderr=subprocess.DEVNULL)
+
+    def _runs(self):
+        try:
+            return sorted(name for name in os.listdir(self.folder) if name.startswith("said "))
+        except FileNotFoundError:
+            return []
+
+    def _read(self):
+        name = file = None
+        while self.process.poll() is None:
+            # A restart is a run of its own.
+            newest = self._runs()[-1:]
+            if newest and newest[0] != name and newest[0] not in self.before:
+                name = newest[0]
+                file = open(os.path.join(self.folder, name), encoding="utf-8")
+            while file and (line := file.readline()).endswith("\n"):
+                self.said(line[len("2026-11-23 10:00:00 "):-1])
+            time.sleep(0.01)
+
+    def press(self, keys):
+        self.display.press(*keys)
 
 
 class Machine(threading.Thread):
@@ -172,6 +216,7 @@ class Soak:
         self.program, self.folder = os.path.abspath(program), folder
         self.chance = random.Random(seed)
         self.server = SoundServer(folder)
+        self.display = Display()
         self.gaps = Gaps(self.server)
         self.begin = time.monotonic()
         self.end = self.begin + minutes * 60
@@ -192,7 +237,9 @@ class Soak:
         while time.monotonic() < self.end:
             with open(self.settings, "w", encoding="ascii") as settings:
                 settings.write(f" {self.chance.randrange(13)}\n 10\n 100\n-600\n 1\n")
-            game = Game(self.program, self.folder, self.server.environment)
+            where = (self.program, self.folder, self.server.environment)
+            in_window = self.chance.random() < 0.5
+            game = InWindow(*where, self.display) if in_window else InTerminal(*where)
             player = SoakPlayer(self.chance)
             try:
                 self.play(game, player)
@@ -202,7 +249,7 @@ class Soak:
                 self.machine.game = None
                 game.close()
             self.count(player.counts)
-            self.count({"runs": 1})
+            self.count({"runs in a window" if in_window else "runs in a terminal": 1})
         self.machine.going = False
 
     def play(self, game, player):
@@ -219,7 +266,7 @@ class Soak:
                     game.press(["Return"])
                     last = time.monotonic()
                 continue
-            if pressed and not line.startswith("["):
+            if pressed and when > pressed and not line.startswith("["):
                 self.health.delay(when - pressed)
                 pressed = None
             last = time.monotonic()
@@ -229,8 +276,9 @@ class Soak:
                 self.leave_while_paid(game, player)
             if keys := player.keys_for(line):
                 time.sleep(0.05)
+                answered = keys == ["Down"] or keys[0][0] == "F"  # at once, by a line
+                pressed = time.monotonic() if answered else None
                 game.press(keys)
-                pressed = time.monotonic() if keys == ["Down"] or keys[0][0] == "F" else None
             if player.leaving == "restart" and line.startswith("Tamlo Delivery. version"):
                 player.leaving = None
         self.health.look(game, player)
@@ -263,7 +311,7 @@ def main():
     arguments = parser.parse_args()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     try:
-        need(*SoundServer.TOOLS, "pgrep")
+        need(*SoundServer.TOOLS, "pgrep", "Xvfb", "xdotool")
     except unittest.SkipTest as missing:
         print(f"Skipped: {missing}")
         sys.exit(SKIPPED)
@@ -279,6 +327,7 @@ def main():
         soak.server.go_on()
         soak.gaps.close()
         soak.server.close()
+        soak.display.close()
         shutil.rmtree(folder, ignore_errors=True)
     waves = sum(os.path.getsize(entry) for entry in os.scandir(os.path.dirname(soak.program))
                 if entry.name.endswith(".wav"))
