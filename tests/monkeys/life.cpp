@@ -9,6 +9,7 @@
 #include "monkeys/witness.h"
 #include "rehearsal/rehearsal.h"
 #include "services/disk_files.h"
+#include "services/key_codes.h"
 #include "store/record_file.h"
 #include "store/saved_game.h"
 
@@ -18,8 +19,9 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string Line(const Stroke& stroke) {
-    constexpr int backspace = 8;  // the one key below 10 that a script can name
-    const std::string key = stroke.key == backspace ? "backspace" : std::to_string(stroke.key);
+    // The one key below 10, which a script has to name.
+    const std::string key =
+        stroke.key == keys::backspace ? "backspace" : std::to_string(stroke.key);
     if (stroke.after == 0) return "press " + key + "\n";
     const std::string ticks = std::to_string(stroke.after + ticks_per_second);
     return "after " + std::to_string(stroke.after / ticks_per_second) + "." +

@@ -2,22 +2,40 @@
 
 #include <array>
 
+#include "services/key_codes.h"
+
 namespace tamlo {
 namespace {
 
-constexpr int enter = 13;
-constexpr int shift = 16;
-constexpr int escape = 27;
-constexpr int space = 32;
-constexpr int up = 38;
-constexpr int right_arrow = 39;
-constexpr int left_arrow = 37;
-constexpr int down = 40;
-constexpr int f1 = 112;
+using keys::down;
+using keys::enter;
+using keys::escape;
+using keys::f1;
+using keys::shift;
+using keys::space;
+using keys::up;
 
-constexpr std::array meaning_something = {
-    8,  enter, shift, escape, space, left_arrow, up,  right_arrow, down, 48, 51,
-    53, 57,    78,    89,     f1,    113,        114, 115,         116,  117};
+constexpr std::array<int, 21> meaning_something = {keys::backspace,
+                                                   enter,
+                                                   shift,
+                                                   escape,
+                                                   space,
+                                                   keys::left,
+                                                   up,
+                                                   keys::right,
+                                                   down,
+                                                   '0',
+                                                   '3',
+                                                   '5',
+                                                   '9',
+                                                   'N',
+                                                   'Y',
+                                                   f1,
+                                                   keys::f2,
+                                                   keys::f3,
+                                                   keys::f4,
+                                                   keys::f5,
+                                                   keys::f6};
 
 std::vector<int> Walk(int key, int times, std::vector<int> then) {
     then.insert(then.begin(), static_cast<std::size_t>(times), key);
@@ -122,7 +140,7 @@ Monkey::Codes Monkey::AtCorner(const GameState& gs, const std::string& asked) {
     if (OneIn(15)) return {f1 + Below(6)};
     if (OneIn(60)) return {up, enter};
     if (OneIn(80)) return {escape};
-    Codes keys = OneIn(25) ? Codes{OneIn(2) ? left_arrow : right_arrow, enter} : Driven(gs, asked);
+    Codes keys = OneIn(25) ? Codes{OneIn(2) ? keys::left : keys::right, enter} : Driven(gs, asked);
     for (const int key : Speed(gs)) keys.push_back(key);
     return keys;
 }
