@@ -19,6 +19,7 @@ struct Check {
                         .readers = {},
                         .reports = game.documents.Path(),
                         .home = game.documents.Path()};
+    WrittenReport written;
     SoundState sound{"pulseaudio", 256, 0, true, 0};
     const Clock* clock = nullptr;
     int status = -1;
@@ -34,7 +35,7 @@ struct Check {
         return game.RunProgram(script, [this](Form1& form) {
             clock = &form.platform.clock;
             try {
-                CheckSpeechAndSound(form, around);
+                CheckSpeechAndSound(form, around, written);
             } catch (const EndOfProcess& end) {
                 status = end.exit_status;
                 throw;

@@ -31,7 +31,8 @@ constexpr double tolerance = 0.05;            // of the rate of the card
 
 class Doctor {
   public:
-    Doctor(Form1& form, Surroundings& surroundings) : form_(form), around_(surroundings) {}
+    Doctor(Form1& form, const Surroundings& surroundings, WrittenReport& written)
+        : form_(form), around_(surroundings), written_(written) {}
 
     /// Opens the game's services and checks everything that needs no answer.
     void Examine();
@@ -62,7 +63,8 @@ class Doctor {
     void RepeatFindings();
 
     Form1& form_;
-    Surroundings& around_;
+    const Surroundings& around_;
+    WrittenReport& written_;
     DoctorReport report_;
     bool sounds_complete_ = false;
     bool leaving_ = false;  ///< Escape, while the findings were told
@@ -306,11 +308,11 @@ void Doctor::Converse() {
 }
 
 void Doctor::Save() {
-    around_.text = report_.Text(around_.home);
+    written_.text = report_.Text(around_.home);
     Files& files = form_.platform.files;
     for (const std::string& folder : {around_.reports, form_.gs.datapath}) {
-        if (folder.empty() || !files.Replace(folder + "/doctor.txt", around_.text)) continue;
-        around_.saved = folder + "/doctor.txt";
+        if (folder.empty() || !files.Replace(folder + "/doctor.txt", written_.text)) continue;
+        written_.path = folder + "/doctor.txt";
         return;
     }
 }
@@ -318,9 +320,9 @@ void Doctor::Save() {
 void Doctor::Conclude() {
     Save();
     Tell(report_.Verdict());
-    Tell(around_.saved.empty()
+    Tell(written_.path.empty()
              ? "The report can not be written to any folder."
-             : "The report for those who help is the file " + around_.saved + ". Good bye.");
+             : "The report for those who help is the file " + written_.path + ". Good bye.");
 }
 
 int Doctor::ExitStatus() const {
@@ -332,8 +334,8 @@ int Doctor::ExitStatus() const {
 
 }  // namespace
 
-void CheckSpeechAndSound(Form1& form, Surroundings& surroundings) {
-    Doctor doctor(form, surroundings);
+void CheckSpeechAndSound(Form1& form, const Surroundings& surroundings, WrittenReport& report) {
+    Doctor doctor(form, surroundings, report);
     try {
         doctor.Examine();
         if (surroundings.answers) doctor.Converse();

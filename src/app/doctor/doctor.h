@@ -31,13 +31,18 @@ struct Surroundings {
     std::vector<std::string> voices;  ///< names by number
     std::vector<std::pair<std::string, std::string>> facts;
     std::vector<ScreenReader> readers;
-    std::string reports;     ///< folder for the report, or empty
-    std::string home;        ///< the player's, or empty
-    std::string text = {};   ///< out: the report so far
-    std::string saved = {};  ///< out: the path of the report, empty if it is not written
+    std::string reports;  ///< folder for the report, or empty
+    std::string home;     ///< the player's, or empty
+};
+
+/// The report of a check, as far as it has come.
+struct WrittenReport {
+    std::string text;
+    std::string path;  ///< empty if it is not written
 };
 
 /// Runs the check; leaves only by EndOfProcess, with exit status 1 if something has to be mended.
-[[noreturn]] void CheckSpeechAndSound(Form1& form, Surroundings& surroundings);
+[[noreturn]] void CheckSpeechAndSound(Form1& form, const Surroundings& surroundings,
+                                      WrittenReport& report);
 
 }  // namespace tamlo

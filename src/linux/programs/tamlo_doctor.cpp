@@ -50,12 +50,13 @@ int Run() {
                         .readers = ScreenReaders("/proc", BrailleLibraryInstalled()),
                         .reports = StateFolder(),
                         .home = HomeFolder()};
+    WrittenReport report;
     const auto check = [&](Form1& form) {
         try {
-            CheckSpeechAndSound(form, around);
+            CheckSpeechAndSound(form, around, report);
         } catch (const EndOfProcess&) {
             // Elsewhere everything has been printed as it was said.
-            if (around.front == window) std::fputs(around.text.c_str(), stdout);
+            if (around.front == window) std::fputs(report.text.c_str(), stdout);
             std::fflush(stdout);
             throw;
         }
