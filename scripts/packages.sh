@@ -21,6 +21,10 @@ checking_packages="clang-format clang-tidy desktop-file-utils appstream man-db g
 test_packages="brltty libbrlapi0.8 xvfb xdotool pulseaudio pulseaudio-utils pipewire pipewire-pulse
     wireplumber dbus-daemon tmux procps strace e2fsprogs mount python3-fusepy"
 
+# For the edition in a browser: to build it, and to test it.
+web_packages="emscripten nodejs ninja-build dpkg-dev"
+web_test_packages="chromium firefox-esr xvfb xdotool pulseaudio pulseaudio-utils procps python3 npm"
+
 # Only `./test long` asks for these; scripts/coverage needs them too.
 long_packages="clang-14 libclang-rt-14-dev llvm-14 valgrind"
 

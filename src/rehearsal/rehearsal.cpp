@@ -1,8 +1,8 @@
 #include "rehearsal/rehearsal.h"
 
-#include <bit>
 #include <chrono>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 #include "rehearsal/rehearsed_files.h"
@@ -77,7 +77,9 @@ class RehearsedRandom final : public Random {
 
     void Seed(double number) override {
         stage_.Asked();
-        state_ = Step() ^ std::bit_cast<std::uint64_t>(number);
+        std::uint64_t bits = 0;
+        std::memcpy(&bits, &number, sizeof bits);
+        state_ = Step() ^ bits;
     }
 
     double Next() override {

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <set>
 
+#include "app/chance/system_random.h"
 #include "linux/system/system_clock.h"
-#include "linux/system/system_random.h"
 
 namespace tamlo {
 namespace {

@@ -40,7 +40,8 @@ bool SpeechDelivery::Deliver() {
     if (onset == samples_.end()) return stream_.put({});
     onset_found_ = true;
     if (stream_.sounding() && !stream_.put(pause)) return false;
-    return stream_.put({onset, samples_.end()});
+    const auto silent = static_cast<std::size_t>(onset - samples_.begin());
+    return stream_.put(std::span<const float>(samples_).subspan(silent));
 }
 
 }  // namespace tamlo

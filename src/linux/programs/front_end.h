@@ -8,11 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include "app/chance/system_random.h"
 #include "audio/voice/voice_speech.h"
 #include "linux/programs/machine.h"
 #include "linux/sound/sound_output.h"
 #include "linux/system/system_clock.h"
-#include "linux/system/system_random.h"
 #include "linux/voice/installed_voices.h"
 #include "reading/captioned_sound.h"
 #include "reading/captioned_speech.h"

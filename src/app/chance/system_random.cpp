@@ -1,8 +1,8 @@
 // Chance: first state from the machine's entropy, seedings mixed in.
-#include "linux/system/system_random.h"
+#include "app/chance/system_random.h"
 
-#include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace tamlo {
 
@@ -14,7 +14,8 @@ SystemRandom::SystemRandom() {
 
 void SystemRandom::Seed(double number) {
     // The old state goes in as well, so that two seedings in one moment do not repeat each other.
-    const auto bits = std::bit_cast<std::uint64_t>(number);
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &number, sizeof bits);
     const std::uint64_t old[] = {generator_(), generator_(), generator_()};
     std::seed_seq mixed{bits,   bits >> 32,   old[0], old[0] >> 32,
                         old[1], old[1] >> 32, old[2], old[2] >> 32};

@@ -1,0 +1,10 @@
+// The engines of this edition.
+#include "audio/voice/synthesizer.h"
+
+namespace tamlo {
+
+std::unique_ptr<Synthesizer> MakeVoices() {
+    return MakeEspeak();
+}
+
+}  // namespace tamlo
