@@ -1,6 +1,6 @@
 // The least that can answer a key with sound: a window, a sound device with blocks like the game's,
 // and one utterance that is ready in memory. What it takes is the machine's share of the game's
-// delays. Any key starts the utterance anew, Escape silences it. The argument is the number of
+// delays. Any key restarts the utterance, Escape silences it. The argument is the number of
 // frames of a block.
 #include <SDL2/SDL.h>
 

@@ -13,7 +13,7 @@ enum class StampKind : std::int32_t {
 };
 
 struct Stamp {
-    std::int64_t time;  ///< ns of the monotonic clock, at the begin of a block's filling
+    std::int64_t time;  ///< ns of the monotonic clock, at the start of a block's filling
     StampKind kind;
     std::int32_t value;
 };

@@ -8,7 +8,7 @@
 
 namespace tamlo {
 
-/// Passes everything on, and tells the captions what starts, behind its start.
+/// Forwards each call; reports a sound after it starts.
 class CaptionedSound : public SoundSystem {
   public:
     /// Both must outlive this object, its devices and their buffers.

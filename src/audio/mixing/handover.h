@@ -5,8 +5,8 @@
 
 namespace tamlo {
 
-/// A list that any thread adds to and one thread empties. `Node` has a member `Node* next`; the
-/// nodes belong to whoever holds them.
+/// A list that any thread adds to and one thread empties. `Node` has a member `Node* next`; a node
+/// belongs to the thread that holds it.
 template <class Node>
 class Handover {
   public:

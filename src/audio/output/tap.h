@@ -24,7 +24,7 @@ class Tap {
     /// card that pulls as well.
     bool PullAhead(float* stereo, int frames) noexcept;
     void Commit(int ahead) noexcept;
-    /// None must be rendered anew if it is not the card's turn.
+    /// None must be rendered again if it is not the card's turn.
     std::optional<int> Rewind(int ahead) noexcept;
     /// For the clock: lets the time of so many frames pass. Nothing if it is not in charge.
     void Pass(int frames) noexcept;

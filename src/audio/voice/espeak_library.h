@@ -1,5 +1,5 @@
-// libespeak-ng, loaded while the program runs: its state is global, so whoever speaks has a copy of
-// the library to themselves.
+// libespeak-ng, loaded while the program runs: its state is global, so each voice that speaks has a
+// copy of the library to itself.
 #pragma once
 
 #include <espeak-ng/speak_lib.h>

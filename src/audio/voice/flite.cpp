@@ -17,7 +17,7 @@ namespace tamlo {
 namespace {
 
 constexpr int samples_a_second = 16000;
-/// The library serves one at a time. Whoever hangs in it is not waited for any longer.
+/// The library serves one at a time. A thread that hangs in it is not waited for any longer.
 constexpr auto longest_turn = std::chrono::milliseconds(500);
 
 /// How long the first voice takes for a text at some rates, as a multiple of what it takes at 0.
@@ -50,7 +50,7 @@ class FliteVoices {
     /// The voice of a place, or the first one if it is not installed; null if it can't be loaded.
     FliteModel* Load(int place);
 
-    /// Held by whoever speaks.
+    /// Held by the voice that speaks.
     std::timed_mutex in_use;
 
   private:

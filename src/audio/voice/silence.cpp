@@ -1,4 +1,4 @@
-// A voice for a machine that has none: whoever reads the texts gets the time to read them.
+// A voice for a machine that has none: texts take the time that it takes to read them.
 #include <algorithm>
 #include <array>
 #include <cmath>

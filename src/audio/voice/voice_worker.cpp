@@ -156,7 +156,7 @@ void VoiceWorker::SayAgain() {
 void VoiceWorker::Synthesize(const Job& job) {
     Utterance utterance = job.utterance;
     utterance.text = WithSpokenAmounts(CleanedForSpeech(utterance.text));
-    // A synthesizer made anew may find fewer.
+    // A second synthesizer may find fewer.
     if (utterance.voice >= voices_) utterance.voice = 0;
     if (utterance.text.find_first_not_of(" \n") == utterance.text.npos) {
         synthesizer_->Prepare(utterance.voice);

@@ -110,7 +110,7 @@ class VoiceThread {
     ~VoiceThread();
 
     VoiceWorker& Worker() const { return *worker_; }
-    /// Nobody waits for the thread any more. The worker stays, for whoever still pulls its stream.
+    /// Nobody waits for the thread any more. The worker stays while its stream is pulled.
     void LeaveBehind();
 
   private:

@@ -201,7 +201,7 @@ class BrailleDisplay::Reader {
     const BrlapiLibrary& library_;
     BrailleReading reading_;
     bool focused_ = false;
-    bool fresh_ = false;  ///< there is something to show anew
+    bool fresh_ = false;  ///< the display must be written again
 };
 
 BrailleDisplay::BrailleDisplay(Plan plan) : mailbox_(std::make_shared<Mailbox>(std::move(plan))) {

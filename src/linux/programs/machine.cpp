@@ -69,7 +69,7 @@ void OpenStandardStreams() {
     }
 }
 
-/// The result of a game that wants to be started anew: a number that no other end has.
+/// The result of a game that wants to be restarted: a number that no other end has.
 constexpr int restart_wanted = 83;
 
 int PlayToTheEnd(const std::string& sounds, const Session& session,

@@ -16,12 +16,12 @@ class BlockSize {
     void Opened(int late, Time now);
     /// What the number of late blocks, since the start, asks for at this moment.
     int Wanted(int late, Time now);
-    /// The card is to be opened anew with blocks of this size.
+    /// The card is to be opened again with blocks of this size.
     void Change(int frames);
 
   private:
     int frames_ = 256;
-    int late_before_ = 0;  ///< at the begin of the window
+    int late_before_ = 0;  ///< at the start of the window
     int last_late_ = 0;
     Time window_began_;
     Time calm_since_;

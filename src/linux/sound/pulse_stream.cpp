@@ -24,10 +24,10 @@ constexpr int frame_bytes = 2 * sizeof(float);
 // mixer can take back.
 constexpr int depth = stream_rate * 128 / 1000;
 static_assert(depth + 1024 <= Mixer::most_ahead);  // and a block
-// What is heard next is left alone: the server may take it while it is being written anew.
+// What is heard next is left alone: the server may take it while it is being rewritten.
 constexpr int margin = stream_rate * 2 / 1000;
-// What is made anew is sent in parts: the first soon, but long enough that the server does not come
-// to its end if this thread is held up before the next.
+// What is rendered again is sent in parts: the first soon, but long enough that the server does not
+// come to its end if this thread is held up before the next.
 constexpr int most_at_once = stream_rate * 32 / 1000;
 
 template <class T, void (*release)(T*)>
@@ -97,7 +97,7 @@ class PulseStream::Line {
     const std::shared_ptr<EventBell> changes_;
     const int frames_;
     std::atomic<int>& late_;
-    EventBell calls_;  ///< by whoever ends it
+    EventBell calls_;  ///< by the thread that ends it
     std::atomic<bool> ending_{false};
     std::thread thread_;
 
@@ -270,7 +270,7 @@ void PulseStream::Line::Write(int blocks_wanted) {
     }
 }
 
-/// Where the server is by now, so that no more than need be is left as it was.
+/// Asks for the read position, so that as much as possible is rewritten.
 void PulseStream::Line::AskWhere() {
     changes_->TakeRings();
     changed_ = true;

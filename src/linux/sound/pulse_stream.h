@@ -1,6 +1,6 @@
 // A stream to PulseAudio that holds much and takes it back: its blocks are mixed long before they
-// are heard, so that a machine that stands still for a moment leaves no gap, and mixed anew from
-// the next millisecond on when a key changes what is to be heard.
+// are heard, so that a machine that stands still for a moment leaves no gap, and rendered again
+// from the next millisecond on when a key changes what is to be heard.
 #pragma once
 
 #include <atomic>

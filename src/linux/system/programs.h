@@ -1,4 +1,4 @@
-// Other programs: starting them without a shell, and starting this one anew.
+// Other programs: starting them without a shell, and restarting this one.
 #pragma once
 
 #include <string>

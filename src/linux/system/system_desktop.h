@@ -29,7 +29,7 @@ class SystemDesktop : public Desktop {
     bool StartLauncher(const std::string& path) override;
     void StartGame() override;
 
-    /// Whether the game asked to be started anew.
+    /// Whether the game asked for a restart.
     bool RestartWanted() const { return restart_wanted_; }
 
   private:

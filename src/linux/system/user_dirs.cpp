@@ -60,7 +60,7 @@ std::string Expanded(std::string_view value, const std::string& home) {
     return folder.starts_with('/') ? folder : "";
 }
 
-/// Whether the folder is there, after creating it and its parents if need be.
+/// Whether the folder is there, after creating it and its parents if necessary.
 bool Provide(const std::string& folder) {
     std::error_code failure;
     if (std::filesystem::is_directory(folder, failure)) return true;

@@ -21,7 +21,7 @@ using SteadyClock = std::chrono::steady_clock;
 
 constexpr int end_signals[] = {SIGTERM, SIGINT, SIGHUP, SIGQUIT};
 
-/// The signals the parent deals with: not those that whoever started it has had ignored.
+/// The signals the parent deals with: not those that were ignored at its start.
 sigset_t SignalsToTake() {
     sigset_t signals;
     ::sigemptyset(&signals);

@@ -41,7 +41,7 @@ struct Copy {
 std::mutex copies_mutex;
 std::array<Copy, most_copies> copies;
 
-/// The file behind a loaded library, loaded anew. It is copied into memory, since the loader takes
+/// The file of a loaded library, loaded again. It is copied into memory, since the loader takes
 /// the same file for the same library; the copy stays open, since the loader knows it by its
 /// number.
 void* LoadAgain(void* loaded) {

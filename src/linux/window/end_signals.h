@@ -1,4 +1,4 @@
-// Signals by which the system asks the program to end, noted for whoever waits next.
+// Signals by which the system asks the program to end, noted for the next wait.
 #pragma once
 
 #include <optional>

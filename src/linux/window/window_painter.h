@@ -1,4 +1,4 @@
-// What is seen in the game's window: in large letters on black, for whoever looks on.
+// What is seen in the game's window: in large letters on black, for people who watch.
 #pragma once
 
 #include <memory>
