@@ -13,8 +13,8 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr double kFadeIn = 0.005;
-constexpr double kFadeOut = 0.03;
+constexpr double fade_in = 0.005;
+constexpr double fade_out = 0.03;
 
 // Recipes work at 44100 or 32000 samples a second.
 int WorkingFactor(const Effect& effect) {
@@ -43,8 +43,8 @@ Sound Finished(const Effect& effect, Sound made) {
     Sound sound = Decimate(made, factor);
     if (room > 0 && sound.samples.size() > room) sound.samples.resize(room);
     if (!sound.loop) {
-        FadeIn(sound, kFadeIn);
-        FadeOut(sound, sound.Seconds() < 0.5 ? kFadeIn : kFadeOut);
+        FadeIn(sound, fade_in);
+        FadeOut(sound, sound.Seconds() < 0.5 ? fade_in : fade_out);
     }
     LevelTo(sound, effect.lufs, effect.peak_db);
     return sound;

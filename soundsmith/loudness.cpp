@@ -11,10 +11,10 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr double kSilence = -120.0;
+constexpr double silence = -120.0;
 
 double ToLufs(double mean_square) {
-    return mean_square > 0.0 ? -0.691 + 10.0 * std::log10(mean_square) : kSilence;
+    return mean_square > 0.0 ? -0.691 + 10.0 * std::log10(mean_square) : silence;
 }
 
 // The mean squares of blocks of 0.4 s, a new one every 0.1 s.
@@ -91,7 +91,7 @@ void LevelTo(Sound& sound, double lufs, double peak_db) {
     const double ceiling = FromDecibels(peak_db);
     for (int round = 0; round < 6; ++round) {
         const double now = Loudness(sound);
-        if (now <= kSilence) return;
+        if (now <= silence) return;
         Gain(sound, FromDecibels(lufs - now));
         Limit(sound, ceiling);
     }

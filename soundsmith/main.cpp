@@ -21,7 +21,7 @@ namespace {
 using namespace tamlo;
 using namespace tamlo::soundsmith;
 
-constexpr std::string_view kUsage =
+constexpr std::string_view usage =
     "usage: soundsmith [--from SET] FOLDER [EFFECT...]\n"
     "Makes the wave files of the game in FOLDER: those missing or changed, or the EFFECTs named.\n"
     "  --from SET  copy from the folder SET what already stands there, made the same way\n"
@@ -53,7 +53,7 @@ std::filesystem::path SetBesideProgram() {
 
 int RunReport(const std::vector<std::string>& arguments) {
     if (arguments.size() < 2 || arguments.size() > 3) {
-        std::cerr << kUsage;
+        std::cerr << usage;
         return 2;
     }
     const std::filesystem::path set =
@@ -67,7 +67,7 @@ int RunReport(const std::vector<std::string>& arguments) {
 int Say(const std::vector<std::string>& arguments) {
     const Customer* customer = arguments.size() < 4 ? nullptr : FindCustomer(arguments[2]);
     if (customer == nullptr) {
-        std::cerr << kUsage;
+        std::cerr << usage;
         return 2;
     }
     Effect format = *FindEffect(customer->effect);
@@ -91,7 +91,7 @@ int Run(std::vector<std::string> arguments) {
         arguments.erase(arguments.begin(), arguments.begin() + 2);
     }
     if (arguments.empty() || arguments[0].starts_with("-")) {
-        std::cerr << kUsage;
+        std::cerr << usage;
         return 2;
     }
     Workshop workshop(arguments[0], other);

@@ -18,14 +18,14 @@ struct Theme {
     std::string_view digest;
 };
 
-constexpr std::array kThemes{
-    Theme{"Customers", CustomerRecipes, digests::kCustomers},
-    Theme{"Door", DoorRecipes, digests::kDoor},
-    Theme{"Money", MoneyRecipes, digests::kMoney},
-    Theme{"Music", MusicRecipes, digests::kMusic},
-    Theme{"Places", PlaceRecipes, digests::kPlaces},
-    Theme{"Road", RoadRecipes, digests::kRoad},
-    Theme{"Vehicles", VehicleRecipes, digests::kVehicles},
+constexpr std::array themes{
+    Theme{"Customers", CustomerRecipes, digests::customers},
+    Theme{"Door", DoorRecipes, digests::door},
+    Theme{"Money", MoneyRecipes, digests::money},
+    Theme{"Music", MusicRecipes, digests::music},
+    Theme{"Places", PlaceRecipes, digests::places},
+    Theme{"Road", RoadRecipes, digests::road},
+    Theme{"Vehicles", VehicleRecipes, digests::vehicles},
 };
 
 struct Found {
@@ -34,7 +34,7 @@ struct Found {
 };
 
 Found Find(std::string_view name) {
-    for (const Theme& theme : kThemes)
+    for (const Theme& theme : themes)
         for (const RecipeEntry& entry : theme.recipes())
             if (entry.name == name) return {entry.make, &theme};
     return {};

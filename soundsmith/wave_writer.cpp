@@ -17,9 +17,9 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr char kEndOfText = 26;
-constexpr int kHeaders = 12 + 8 + 8 + 16 + 8;  // RIFF/WAVE, JUNK, fmt with its body, data
-constexpr int kFrontHeaders = 20;              // what the first field holds before JUNK's payload
+constexpr char end_of_text = 26;
+constexpr int headers = 12 + 8 + 8 + 16 + 8;  // RIFF/WAVE, JUNK, fmt with its body, data
+constexpr int front_headers = 20;             // what the first field holds before JUNK's payload
 
 std::string LittleEndian(std::uint32_t value, int bytes) {
     std::string result;
@@ -48,9 +48,9 @@ bool IsTextMark(char byte) {
 
 // A credit line of that length, in letters only.
 std::string Letters(int count) {
-    constexpr std::string_view kCredit = "MadeBySoundsmithForTamloDelivery";
+    constexpr std::string_view credit = "MadeBySoundsmithForTamloDelivery";
     std::string result;
-    for (int i = 0; i < count; ++i) result += kCredit[static_cast<std::size_t>(i) % kCredit.size()];
+    for (int i = 0; i < count; ++i) result += credit[static_cast<std::size_t>(i) % credit.size()];
     return result;
 }
 
@@ -64,7 +64,7 @@ std::string TailChunk(const Effect& effect) {
     const int file_end = effect.text.size;
     const int first_field = effect.text.fields == 1 ? 0 : 42;  // after the CR in data's size
     const int mark = first_field + effect.text.last;
-    std::string body = Letters(1) + kEndOfText;
+    std::string body = Letters(1) + end_of_text;
     body.resize(static_cast<std::size_t>(file_end - mark) + 1, '\0');
     return Chunk("JUNK", body);
 }
@@ -78,13 +78,13 @@ std::string FrontText(const Effect& effect) {
         // The size itself delimits the first field; 14 bytes up to the payload open the second.
         text = Letters(last - 14);
     } else if (fields == 1) {
-        text = Letters(last - kFrontHeaders);
+        text = Letters(last - front_headers);
     } else {
         text = ",";
         for (int i = 0; i < fields - 2; ++i) text += "x,";
         text += Letters(last);
     }
-    return text + kEndOfText;
+    return text + end_of_text;
 }
 
 bool IsCleanSize(std::size_t size) {
@@ -102,7 +102,7 @@ std::size_t CleanSizeFrom(std::size_t size) {
 std::size_t DataRoom(const Effect& effect) {
     const auto size = static_cast<std::size_t>(effect.text.size);
     if (MarkAtEnd(effect)) return size - 44 - TailChunk(effect).size();
-    return size - kHeaders - CleanSizeFrom(FrontText(effect).size());
+    return size - headers - CleanSizeFrom(FrontText(effect).size());
 }
 
 std::string Samples16(const Sound& sound, std::size_t count) {
@@ -139,7 +139,7 @@ std::string CheckedChunks(const Effect& effect, const Sound& sound) {
     if (MarkAtEnd(effect))
         return Chunk("fmt ", Format(effect)) + Chunk("data", Data(effect, sound, room)) +
                TailChunk(effect);
-    const auto total = static_cast<std::size_t>(effect.text.size) - kHeaders;
+    const auto total = static_cast<std::size_t>(effect.text.size) - headers;
     const std::size_t wanted = sound.samples.size() * static_cast<std::size_t>(effect.bits / 8);
     std::size_t junk = total - std::min(room, wanted + wanted % 2);
     while (!IsCleanSize(junk)) junk -= 2;  // a sample of silence more at the end

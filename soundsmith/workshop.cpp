@@ -23,8 +23,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kThreads = 2;
-constexpr std::string_view kStampFile = ".soundsmith";
+constexpr int thread_count = 2;
+constexpr std::string_view stamp_file = ".soundsmith";
 
 std::string ReadFile(const fs::path& path) {
     std::ifstream in(path, std::ios::binary);
@@ -60,7 +60,7 @@ fs::path WaveIn(const fs::path& folder, const Effect& effect) {
 class Stamps {
   public:
     explicit Stamps(fs::path folder) : folder_(std::move(folder)) {
-        std::istringstream lines(ReadFile(folder_ / kStampFile));
+        std::istringstream lines(ReadFile(folder_ / stamp_file));
         std::string name, stamp, hash;
         while (lines >> name >> stamp >> hash) entries_[name] = stamp + ' ' + hash;
     }
@@ -77,7 +77,7 @@ class Stamps {
         entries_[std::string(effect.name)] = StampOf(effect) + ' ' + HashOf(bytes);
         std::string text;
         for (const auto& [name, entry] : entries_) text += name + ' ' + entry + '\n';
-        WriteFile(folder_ / kStampFile, text);
+        WriteFile(folder_ / stamp_file, text);
     }
 
   private:
@@ -145,7 +145,7 @@ SetResult Workshop::Make(const std::vector<const Effect*>& effects, const Progre
         }
     };
     std::vector<std::jthread> threads;
-    for (int i = 0; i < kThreads; ++i) threads.emplace_back(work);
+    for (int i = 0; i < thread_count; ++i) threads.emplace_back(work);
     threads.clear();  // joins
     return result;
 }

@@ -12,18 +12,18 @@ namespace tamlo::soundsmith {
 namespace {
 
 // A panel door of wood, struck with knuckles.
-const Body kWood{
+const Body wood{
     {{168, 0.12, 1.0}, {272, 0.1, 0.9}, {388, 0.08, 0.7}, {655, 0.05, 0.5}, {1180, 0.03, 0.35}},
     {0.9, 0.008, 600, 5000},
     0.02};
 
 // The same door under a fist: lower, longer, with a rattle in its frame.
-const Body kHeavyWood{
+const Body heavy_wood{
     {{84, 0.2, 1.0}, {137, 0.17, 1.0}, {196, 0.13, 0.8}, {331, 0.08, 0.5}, {560, 0.05, 0.3}},
     {0.8, 0.025, 200, 2500},
     0.02};
 
-const Body kIron{
+const Body iron{
     {{412, 0.35, 1.0}, {965, 0.3, 0.9}, {1710, 0.25, 0.8}, {2840, 0.2, 0.7}, {4370, 0.12, 0.4}},
     {0.7, 0.008, 1500, 9000},
     0.01};
@@ -44,10 +44,10 @@ Sound KnockOnWood(Brief brief) {
     const double strengths[] = {0.9, 1.0, 0.95, 0.95, 1.0, 0.9};
     for (int i = 0; i < 6; ++i) {
         const double at = 0.05 + 0.2 * i + (i >= 3 ? 0.62 : 0.0);
-        MixAt(knocks, Hit(kWood, brief.rate, strengths[i], brief.chance),
+        MixAt(knocks, Hit(wood, brief.rate, strengths[i], brief.chance),
               at * brief.chance.About(0.008));
     }
-    AddRoom(knocks, kHallway);
+    AddRoom(knocks, hallway);
     return knocks;
 }
 
@@ -62,7 +62,7 @@ Sound DingDong(Brief brief) {
     };
     MixAt(bell, plate(659.3, 2.6), 0.04);
     MixAt(bell, plate(523.3, 3.2), 0.78, 1.05);
-    AddRoom(bell, kHallway);
+    AddRoom(bell, hallway);
     return bell;
 }
 
@@ -84,7 +84,7 @@ Sound Buzzer(Brief brief) {
         Shape(buzz, {{0.0, 0.0}, {0.008, 1.0}, {length - 0.02, 0.9}, {length, 0.0}});
         MixAt(buzzer, buzz, start);
     }
-    AddRoom(buzzer, kHallway);
+    AddRoom(buzzer, hallway);
     return buzzer;
 }
 
@@ -105,7 +105,7 @@ Sound Chime(Brief brief) {
         MixAt(chime, Hit(tube, brief.rate, 1.0, brief.chance), 0.04 + 0.46 * i,
               i == 3 ? 1.15 : 1.0);
     }
-    AddRoom(chime, kHallway);
+    AddRoom(chime, hallway);
     return chime;
 }
 
@@ -113,12 +113,12 @@ Sound IronKnocker(Brief brief) {
     Sound knocker = brief.Blank();
     double at = 0.04;
     for (const double strength : {0.85, 0.95, 1.0}) {
-        MixAt(knocker, Hit(kIron, brief.rate, strength, brief.chance), at, 0.6);
-        MixAt(knocker, Hit(kHeavyWood, brief.rate, strength, brief.chance), at + 0.001);
-        MixAt(knocker, Hit(kIron, brief.rate, 0.3, brief.chance), at + 0.085, 0.35);  // it bounces
+        MixAt(knocker, Hit(iron, brief.rate, strength, brief.chance), at, 0.6);
+        MixAt(knocker, Hit(heavy_wood, brief.rate, strength, brief.chance), at + 0.001);
+        MixAt(knocker, Hit(iron, brief.rate, 0.3, brief.chance), at + 0.085, 0.35);  // it bounces
         at += 0.38;
     }
-    AddRoom(knocker, kHallway);
+    AddRoom(knocker, hallway);
     return knocker;
 }
 
@@ -127,11 +127,11 @@ Sound ImpatientFist(Brief brief) {
     double at = 0.04;
     for (int i = 0; i < 6; ++i) {
         const double strength = 0.85 + 0.03 * i;
-        MixAt(fist, Hit(kHeavyWood, brief.rate, strength, brief.chance), at);
+        MixAt(fist, Hit(heavy_wood, brief.rate, strength, brief.chance), at);
         MixAt(fist, FrameRattle(brief.rate, brief.chance), at + 0.01, 0.4);
         at += 0.175 * brief.chance.About(0.06);
     }
-    AddRoom(fist, kHallway);
+    AddRoom(fist, hallway);
     return fist;
 }
 

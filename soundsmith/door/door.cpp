@@ -6,7 +6,7 @@
 namespace tamlo::soundsmith {
 
 std::span<const RecipeEntry> DoorRecipes() {
-    static constexpr std::array<RecipeEntry, 11> kRecipes{{
+    static constexpr std::array<RecipeEntry, 11> all_recipes{{
         {"tamlo6", ManWalksUp},
         {"tamlo7", WomanWalksUp},
         {"tamlo8", KnockOnWood},
@@ -19,7 +19,7 @@ std::span<const RecipeEntry> DoorRecipes() {
         {"tamlo15", ChainAndBolt},
         {"tamlo16", DogBehindDoor},
     }};
-    return kRecipes;
+    return all_recipes;
 }
 
 }  // namespace tamlo::soundsmith

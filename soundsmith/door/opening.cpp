@@ -11,21 +11,21 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-const Body kLock{{{610, 0.05, 0.8}, {1380, 0.045, 1.0}, {2470, 0.035, 0.8}, {3900, 0.02, 0.5}},
-                 {0.8, 0.01, 900, 8000},
-                 0.03};
+const Body lock_body{{{610, 0.05, 0.8}, {1380, 0.045, 1.0}, {2470, 0.035, 0.8}, {3900, 0.02, 0.5}},
+                     {0.8, 0.01, 900, 8000},
+                     0.03};
 
-const Body kBolt{{{240, 0.08, 0.9}, {720, 0.07, 1.0}, {1450, 0.06, 0.8}, {2900, 0.04, 0.5}},
-                 {0.9, 0.015, 500, 6000},
-                 0.02};
+const Body bolt{{{240, 0.08, 0.9}, {720, 0.07, 1.0}, {1450, 0.06, 0.8}, {2900, 0.04, 0.5}},
+                {0.9, 0.015, 500, 6000},
+                0.02};
 
 // The key goes round: wards and tumblers, then the bolt of the lock springs back.
 Sound TurnLock(int rate, Chance& chance) {
     Sound lock = Silence(rate, 0.5);
     for (int i = 0; i < 3; ++i)
-        MixAt(lock, Hit(kLock, rate, 0.5, chance), 0.05 * i * chance.About(0.1), 0.4);
-    MixAt(lock, Hit(kLock, rate, 1.0, chance), 0.2);
-    MixAt(lock, Hit(kBolt, rate, 0.8, chance), 0.215, 0.7);
+        MixAt(lock, Hit(lock_body, rate, 0.5, chance), 0.05 * i * chance.About(0.1), 0.4);
+    MixAt(lock, Hit(lock_body, rate, 1.0, chance), 0.2);
+    MixAt(lock, Hit(bolt, rate, 0.8, chance), 0.215, 0.7);
     return lock;
 }
 
@@ -73,25 +73,25 @@ Sound LockAndCreak(Brief brief) {
     MixAt(scene, TurnLock(brief.rate, brief.chance), 0.05);
     MixAt(scene, DoorSwings(brief.rate, brief.chance), 0.62, 0.7);
     MixAt(scene, Creak(brief.rate, 0.75, 48, 85, brief.chance), 0.7, 0.45);
-    AddRoom(scene, kHallway);
+    AddRoom(scene, hallway);
     return scene;
 }
 
 Sound ChainAndBolt(Brief brief) {
     Sound inside = brief.Blank();
     AddWalk(inside, HouseSlipper(), {6, 0.08, 0.4, 0.35, 1.3}, brief.chance);
-    AddRoom(inside, kHallway);
+    AddRoom(inside, hallway);
     BehindDoor(inside);
     Sound scene = brief.Blank();
     MixAt(scene, inside, 0.0, 1.6);
     MixAt(scene, Chain(brief.rate, brief.chance), 2.45, 0.3);
     Sound slide = NoiseBurst(brief.rate, 0.12, 0.04, 700, 3500, brief.chance);
     MixAt(scene, slide, 3.3, 0.5);
-    MixAt(scene, Hit(kBolt, brief.rate, 1.0, brief.chance), 3.42);
-    MixAt(scene, Hit(kLock, brief.rate, 0.8, brief.chance), 3.75, 0.5);
+    MixAt(scene, Hit(bolt, brief.rate, 1.0, brief.chance), 3.42);
+    MixAt(scene, Hit(lock_body, brief.rate, 0.8, brief.chance), 3.75, 0.5);
     MixAt(scene, DoorSwings(brief.rate, brief.chance), 3.95, 0.7);
     MixAt(scene, Creak(brief.rate, 0.5, 55, 75, brief.chance), 4.05, 0.25);
-    AddRoom(scene, kPorch);
+    AddRoom(scene, porch);
     return scene;
 }
 
@@ -100,7 +100,7 @@ Sound DogBehindDoor(Brief brief) {
     for (const double at : {0.1, 0.5, 1.35, 1.75, 2.15, 3.1})
         MixAt(inside, Bark(brief.rate, 330, 0.27, brief.chance), at);
     AddWalk(inside, HouseSlipper(), {8, 1.5, 0.28, 0.4, 1.4}, brief.chance);
-    AddRoom(inside, kHallway);
+    AddRoom(inside, hallway);
     BehindDoor(inside);
     Sound scene = brief.Blank();
     MixAt(scene, inside, 0.0, 1.3);
@@ -109,7 +109,7 @@ Sound DogBehindDoor(Brief brief) {
     MixAt(scene, Creak(brief.rate, 1.15, 42, 95, brief.chance), 4.3, 0.45);
     for (const double at : {5.6, 6.0, 6.55})
         MixAt(scene, Bark(brief.rate, 330, 0.28, brief.chance), at, 0.8);
-    AddRoom(scene, kPorch);
+    AddRoom(scene, porch);
     return scene;
 }
 

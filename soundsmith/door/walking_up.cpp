@@ -11,7 +11,7 @@ Sound ManWalksUp(Brief brief) {
     MixAt(scene, CarDoorOpens(brief.rate, brief.chance), 0.05, 0.5);
     MixAt(scene, CarDoorShuts(brief.rate, brief.chance), 0.62, 0.75);
     AddWalk(scene, HeavyShoe(), {6, 1.25, 0.54, 0.9, 0.7}, brief.chance);
-    AddRoom(scene, kStreet);
+    AddRoom(scene, street_room);
     return scene;
 }
 
@@ -20,7 +20,7 @@ Sound WomanWalksUp(Brief brief) {
     MixAt(scene, CarDoorOpens(brief.rate, brief.chance), 0.05, 0.45);
     MixAt(scene, CarDoorShuts(brief.rate, brief.chance), 0.62, 0.6);
     AddWalk(scene, HighHeel(), {7, 1.2, 0.43, 0.8, 0.65}, brief.chance);
-    AddRoom(scene, kStreet);
+    AddRoom(scene, street_room);
     return scene;
 }
 

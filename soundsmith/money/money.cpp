@@ -70,7 +70,7 @@ Sound NewOrder(Brief brief) {
     MixAt(order, Hit(bell, brief.rate, 1.0, brief.chance), 0.4, 0.4);
     MixAt(order, TicketPrinter(brief.rate, brief.chance), 1.15, 0.9);
     MixAt(order, Tear(brief.rate, brief.chance), 2.5, 0.8);
-    AddRoom(order, kShop);
+    AddRoom(order, shop);
     return order;
 }
 
@@ -107,12 +107,12 @@ Sound Fanfare(Brief brief) {
         const char* middle;
         const char* low;
     };
-    constexpr Note kNotes[] = {{0.02, 0.14, "g4", "e4", "c3"},
-                               {0.18, 0.14, "g4", "e4", "c3"},
-                               {0.34, 0.14, "g4", "e4", "c3"},
-                               {0.5, 0.26, "c5", "g4", "e3"},
-                               {0.78, 0.74, "e5", "c5", "c3"}};
-    for (const Note& note : kNotes) {
+    constexpr Note fall[] = {{0.02, 0.14, "g4", "e4", "c3"},
+                             {0.18, 0.14, "g4", "e4", "c3"},
+                             {0.34, 0.14, "g4", "e4", "c3"},
+                             {0.5, 0.26, "c5", "g4", "e3"},
+                             {0.78, 0.74, "e5", "c5", "c3"}};
+    for (const Note& note : fall) {
         MixAt(fanfare, Brass(brief.rate, NoteHz(note.top), note.seconds, brief.chance), note.at);
         MixAt(fanfare, Brass(brief.rate, NoteHz(note.middle), note.seconds, brief.chance), note.at,
               0.8);
@@ -125,13 +125,13 @@ Sound Fanfare(Brief brief) {
 }
 
 std::span<const RecipeEntry> MoneyRecipes() {
-    static constexpr std::array<RecipeEntry, 4> kRecipes{{
+    static constexpr std::array<RecipeEntry, 4> all_recipes{{
         {"tamlo19", NewOrder},
         {"tamlo38", Fanfare},
         {"tamlo81", BankNotes},
         {"tamlo85", Coins},
     }};
-    return kRecipes;
+    return all_recipes;
 }
 
 }  // namespace tamlo::soundsmith

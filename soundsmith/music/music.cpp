@@ -6,8 +6,8 @@
 namespace tamlo::soundsmith {
 
 std::span<const RecipeEntry> MusicRecipes() {
-    static constexpr std::array<RecipeEntry, 1> kRecipes{{{"tamlo1", TitleTune}}};
-    return kRecipes;
+    static constexpr std::array<RecipeEntry, 1> all_recipes{{{"tamlo1", TitleTune}}};
+    return all_recipes;
 }
 
 }  // namespace tamlo::soundsmith

@@ -13,9 +13,9 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr double kBeat = 0.345;  // three to the bar
-constexpr int kIntroBars = 1;
-constexpr int kBars = 16;
+constexpr double beat_length = 0.345;  // three to the bar
+constexpr int intro_bars = 1;
+constexpr int bars = 16;
 
 struct Note {
     const char* name;
@@ -23,7 +23,7 @@ struct Note {
 };
 
 // clang-format off
-constexpr Note kMelody[] = {  // a bar a line
+constexpr Note melody[] = {  // a bar a line
     {"b4", 1}, {"d5", 1}, {"g5", 1},
     {"a5", 1.5}, {"g5", 0.5}, {"e5", 1},
     {"e5", 1}, {"g5", 0.5}, {"f#5", 0.5}, {"e5", 1},
@@ -43,7 +43,7 @@ constexpr Note kMelody[] = {  // a bar a line
 };
 
 // The clarinet answers from the ninth bar on, mostly a third or a sixth below.
-constexpr Note kSecondVoice[] = {
+constexpr Note second_voice[] = {
     {"g4", 1}, {"d5", 1}, {"b4", 1},
     {"d5", 1.5}, {"c5", 0.5}, {"b4", 1},
     {"c5", 1}, {"e5", 1}, {"g5", 1},
@@ -61,16 +61,15 @@ struct Chord {
     std::array<const char*, 3> notes;
 };
 
-constexpr Chord kG{"g2", "d2", {"b3", "d4", "g4"}};
-constexpr Chord kC{"c3", "g2", {"c4", "e4", "g4"}};
-constexpr Chord kAm{"a2", "e2", {"c4", "e4", "a4"}};
-constexpr Chord kD7{"d2", "a2", {"c4", "d4", "f#4"}};
-constexpr Chord kG7{"g2", "d2", {"b3", "d4", "f4"}};
-constexpr Chord kE7{"e2", "b2", {"b3", "d4", "g#4"}};
+constexpr Chord g{"g2", "d2", {"b3", "d4", "g4"}};
+constexpr Chord c{"c3", "g2", {"c4", "e4", "g4"}};
+constexpr Chord am{"a2", "e2", {"c4", "e4", "a4"}};
+constexpr Chord d7{"d2", "a2", {"c4", "d4", "f#4"}};
+constexpr Chord g7{"g2", "d2", {"b3", "d4", "f4"}};
+constexpr Chord e7{"e2", "b2", {"b3", "d4", "g#4"}};
 
-constexpr std::array kHarmony{kG, kG,  kC, kG,  kAm, kD7, kG, kD7,
-                              kG, kG7, kC, kE7, kAm, kD7, kG, kG};
-static_assert(kHarmony.size() == kBars);
+constexpr std::array harmony{g, g, c, g, am, d7, g, d7, g, g7, c, e7, am, d7, g, g};
+static_assert(harmony.size() == bars);
 
 using Instrument = Sound (*)(int rate, double hz, double seconds, Chance& chance);
 
@@ -78,7 +77,7 @@ void PlayLine(Sound& tune, std::span<const Note> line, double start, Instrument 
               double level, Chance& chance) {
     double at = start;
     for (const Note& note : line) {
-        const double length = note.beats * kBeat;
+        const double length = note.beats * beat_length;
         // Players lean on the line: each note a little late or early, and shorter than written.
         const double late = chance.Between(-0.006, 0.006);
         MixAt(tune, instrument(tune.rate, NoteHz(note.name), 0.92 * length + 0.03, chance),
@@ -96,12 +95,12 @@ void Strum(Sound& tune, const Chord& chord, double at, double level, Chance& cha
 }
 
 void PlayBar(Sound& tune, const Chord& chord, int bar, Chance& chance) {
-    const double at = 3 * kBeat * bar;
+    const double at = 3 * beat_length * bar;
     const char* bass = bar % 2 == 0 ? chord.bass : chord.fifth;
     MixAt(tune, PluckedString(tune.rate, NoteHz(bass), 0.8, 0.22, chance), at, 1.7);
     for (const double beat : {1.0, 2.0}) {
-        Strum(tune, chord, at + beat * kBeat, 0.5, chance);
-        MixAt(tune, BrushOnSnare(tune.rate, chance), at + beat * kBeat, 0.22);
+        Strum(tune, chord, at + beat * beat_length, 0.5, chance);
+        MixAt(tune, BrushOnSnare(tune.rate, chance), at + beat * beat_length, 0.22);
     }
 }
 
@@ -110,17 +109,17 @@ void PlayBar(Sound& tune, const Chord& chord, int bar, Chance& chance) {
 Sound TitleTune(Brief brief) {
     Sound tune = brief.Blank();
     Chance& chance = brief.chance;
-    const double start = 3 * kBeat * kIntroBars;
-    PlayBar(tune, kG, 0, chance);
-    for (int bar = 0; bar < kBars - 1; ++bar)
-        PlayBar(tune, kHarmony[static_cast<std::size_t>(bar)], bar + kIntroBars, chance);
-    PlayLine(tune, kMelody, start, Accordion, 0.34, chance);
-    PlayLine(tune, kSecondVoice, start + 8 * 3 * kBeat, Clarinet, 0.28, chance);
+    const double start = 3 * beat_length * intro_bars;
+    PlayBar(tune, g, 0, chance);
+    for (int bar = 0; bar < bars - 1; ++bar)
+        PlayBar(tune, harmony[static_cast<std::size_t>(bar)], bar + intro_bars, chance);
+    PlayLine(tune, melody, start, Accordion, 0.34, chance);
+    PlayLine(tune, second_voice, start + 8 * 3 * beat_length, Clarinet, 0.28, chance);
     // The last bar: the whole band, three times, and the last chord rings.
-    const double end = start + (kBars - 1) * 3 * kBeat;
-    const std::array<const Chord*, 3> cadence{&kG, &kD7, &kG};
+    const double end = start + (bars - 1) * 3 * beat_length;
+    const std::array<const Chord*, 3> cadence{&g, &d7, &g};
     for (std::size_t i = 0; i < 3; ++i) {
-        const double at = end + static_cast<double>(i) * kBeat;
+        const double at = end + static_cast<double>(i) * beat_length;
         Strum(tune, *cadence[i], at, 0.65, chance);
         MixAt(tune, PluckedString(tune.rate, NoteHz(cadence[i]->bass), 1.2, 0.25, chance), at, 1.7);
         MixAt(tune, BrushOnSnare(tune.rate, chance), at, 0.35);

@@ -11,12 +11,12 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-const Body kFork{
+const Body fork{
     {{3150, 0.12, 0.8}, {5230, 0.1, 1.0}, {7480, 0.06, 0.5}}, {0.4, 0.003, 3000, 10000}, 0.1};
-const Body kPlate{{{1420, 0.09, 1.0}, {2610, 0.08, 0.9}, {3940, 0.05, 0.6}, {5800, 0.03, 0.3}},
-                  {0.6, 0.006, 1500, 8000},
-                  0.12};
-const Body kGlass{
+const Body plate_body{{{1420, 0.09, 1.0}, {2610, 0.08, 0.9}, {3940, 0.05, 0.6}, {5800, 0.03, 0.3}},
+                      {0.6, 0.006, 1500, 8000},
+                      0.12};
+const Body glass{
     {{2240, 0.5, 1.0}, {3670, 0.4, 0.6}, {6120, 0.25, 0.35}}, {0.2, 0.003, 3000, 10000}, 0.08};
 
 // Someone eats: a few touches of fork and plate.
@@ -25,8 +25,8 @@ Sound Cutlery(int rate, Chance& chance) {
     const int touches = 2 + static_cast<int>(chance.Between(0, 4));
     double at = 0.0;
     for (int i = 0; i < touches; ++i) {
-        MixAt(eating, Hit(kFork, rate, chance.Between(0.4, 1.0), chance), at, 0.5);
-        MixAt(eating, Hit(kPlate, rate, chance.Between(0.3, 0.8), chance), at + 0.004, 0.7);
+        MixAt(eating, Hit(fork, rate, chance.Between(0.4, 1.0), chance), at, 0.5);
+        MixAt(eating, Hit(plate_body, rate, chance.Between(0.3, 0.8), chance), at + 0.004, 0.7);
         at += chance.Between(0.09, 0.3);
     }
     return eating;
@@ -84,15 +84,15 @@ Sound Restaurant(Brief brief) {
     for (double at = 0.4; at < brief.seconds; at += chance.Between(0.7, 2.1))
         MixAt(room, Cutlery(rate, chance), at, chance.Between(0.12, 0.34));
     for (const double at : {2.1, 8.4, 15.2, 21.9})
-        MixAt(room, Hit(kGlass, rate, 0.8, chance), at + chance.Between(0.0, 1.0), 0.2);
+        MixAt(room, Hit(glass, rate, 0.8, chance), at + chance.Between(0.0, 1.0), 0.2);
     for (const double at : {5.0, 13.6, 22.7}) MixAt(room, Sizzle(rate, 3.2, chance), at, 0.3);
     for (const double at : {10.3, 24.0}) MixAt(room, Till(rate, chance), at, 0.4);
     for (int plate = 0; plate < 5; ++plate)  // plates put on a pile
-        MixAt(room, Hit(kPlate, rate, 1.0, chance), 17.3 + 0.17 * plate, 0.35);
+        MixAt(room, Hit(plate_body, rate, 1.0, chance), 17.3 + 0.17 * plate, 0.35);
     MixAt(room, ChairLegs(rate, chance), 7.2, 0.16);
     MixAt(room, ChairLegs(rate, chance), 19.6, 0.13);
     AddWalk(room, HeavyShoe(), {7, 11.9, 0.5, 0.1, 0.25}, chance);
-    AddRoom(room, kShop);
+    AddRoom(room, shop);
     return room;
 }
 

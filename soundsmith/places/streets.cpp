@@ -37,7 +37,7 @@ Sound FarTraffic(const Sound& like, Chance& chance) {
 Sound PassingCar(int rate, double speed, double distance, double wet, Chance& chance) {
     const double seconds = 6.0;
     const Sound blank = Silence(rate, seconds);
-    Sound car = RunEngine(kSmallCarEngine, blank, chance.Between(16, 26), 0.8, chance);
+    Sound car = RunEngine(small_car_engine, blank, chance.Between(16, 26), 0.8, chance);
     Gain(car, 0.9);
     MixAt(car, NoiseBand(blank, 250, 1800, chance), 0.0, 0.6);
     if (wet > 0.0) MixAt(car, NoiseBand(blank, 1500, 9000, chance), 0.0, 1.3 * wet);
@@ -119,10 +119,10 @@ Sound Avenue(Brief brief) {
         return FarAway(Horn(brief.rate, kind, seconds, chance), 1900);
     };
     const HornKind other{{311, 392}, -4, 1800, 0.02};
-    MixAt(street, far_horn(0.35, kCarHorn), 2.75, 0.28);
+    MixAt(street, far_horn(0.35, car_horn), 2.75, 0.28);
     MixAt(street, far_horn(0.16, other), 7.3, 0.24);
     MixAt(street, far_horn(0.5, other), 7.6, 0.24);
-    AddRoom(street, kStreet);
+    AddRoom(street, street_room);
     return street;
 }
 
@@ -175,7 +175,7 @@ Sound Rain(Brief brief) {
               brief.seconds * (i + chance.Between(0.3, 0.5)) / 14, 0.3);
     MixAt(street, PassingCar(brief.rate, 16, 6, 1.0, chance), 0.2, 0.24);
     MixAt(street, PassingCar(brief.rate, 19, 7, 1.0, chance), 5.3, 0.19);
-    AddRoom(street, kStreet);
+    AddRoom(street, street_room);
     return street;
 }
 

@@ -69,11 +69,11 @@ double LoudestMoment(const Sound& sound) {
 
 // Half the energy of the sound lies below this many hertz.
 double MiddlePitch(const Sound& sound) {
-    constexpr std::size_t kSize = 2048;
-    std::vector<double> sums(kSize / 2 + 1);
+    constexpr std::size_t size = 2048;
+    std::vector<double> sums(size / 2 + 1);
     double total = 0.0;
-    for (std::size_t at = 0; at < sound.samples.size(); at += kSize / 2) {
-        const auto powers = PowerSpectrum(sound, static_cast<std::ptrdiff_t>(at), kSize);
+    for (std::size_t at = 0; at < sound.samples.size(); at += size / 2) {
+        const auto powers = PowerSpectrum(sound, static_cast<std::ptrdiff_t>(at), size);
         for (std::size_t i = 0; i < sums.size(); ++i) {
             sums[i] += powers[i];
             total += powers[i];
@@ -82,7 +82,7 @@ double MiddlePitch(const Sound& sound) {
     double below = 0.0;
     std::size_t line = 0;
     while (line + 1 < sums.size() && below + sums[line] < 0.5 * total) below += sums[line++];
-    return static_cast<double>(line) * sound.rate / kSize;
+    return static_cast<double>(line) * sound.rate / size;
 }
 
 }  // namespace

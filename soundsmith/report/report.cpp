@@ -154,10 +154,10 @@ std::string Text(const Set& set) {
     text << Summary(set) << "\n\n";
     const auto line = [&](std::string_view name, const std::vector<std::string>& numbers,
                           std::string_view verdict, std::string_view role) {
-        constexpr int kWidths[] = {8, 14, 7, 6, 6, 6};
+        constexpr int widths[] = {8, 14, 7, 6, 6, 6};
         text << std::left << std::setw(9) << name << std::right;
         for (std::size_t i = 0; i < numbers.size(); ++i)
-            text << std::setw(kWidths[i]) << (numbers[i].empty() ? "-" : numbers[i]);
+            text << std::setw(widths[i]) << (numbers[i].empty() ? "-" : numbers[i]);
         text << "  " << verdict << "; " << role << "\n";
     };
     line("sound", {"seconds", "LUFS (aim)", "peak", "DC %", "seam", "pitch"}, "verdict", "role");

@@ -19,17 +19,17 @@ Sound MarchingBand(Brief brief) {
     Sound band = brief.Blank();
     const double beat = brief.seconds / 6.0;
     const double lead = 0.3 * beat;  // the loop begins in the rest before the first beat
-    constexpr std::array kTune{"f4", "a4", "c5", "a4", "bb4", "g4"};
-    constexpr std::array kUpper{"c5", "f5", "a5", "f5", "g5", "e5"};
-    constexpr std::array kBass{"f2", "c3", "f2", "c3", "c2", "c3"};
+    constexpr std::array tune{"f4", "a4", "c5", "a4", "bb4", "g4"};
+    constexpr std::array upper{"c5", "f5", "a5", "f5", "g5", "e5"};
+    constexpr std::array bass{"f2", "c3", "f2", "c3", "c2", "c3"};
     for (std::size_t i = 0; i < 6; ++i) {
         const double at = lead + beat * static_cast<double>(i);
         MixAt(band, BassDrum(brief.rate, brief.chance), at, i % 2 == 0 ? 0.65 : 0.45);
         for (const double stroke : {0.0, 0.5, 0.75})
             MixAt(band, SnareDrum(brief.rate, 0.09, brief.chance), at + stroke * beat,
                   stroke == 0.0 ? 0.5 : 0.32);
-        MixAt(band, Tuba(brief.rate, NoteHz(kBass[i]), 0.4 * beat, brief.chance), at, 0.4);
-        for (const auto* voice : {&kTune, &kUpper}) {
+        MixAt(band, Tuba(brief.rate, NoteHz(bass[i]), 0.4 * beat, brief.chance), at, 0.4);
+        for (const auto* voice : {&tune, &upper}) {
             MixAt(band, Brass(brief.rate, NoteHz((*voice)[i]), 0.42 * beat, brief.chance), at,
                   0.42);
             MixAt(band, Brass(brief.rate, NoteHz((*voice)[i]), 0.2 * beat, brief.chance),
@@ -37,7 +37,7 @@ Sound MarchingBand(Brief brief) {
         }
         if (i % 2 == 0) MixAt(band, Cymbal(brief.rate, 0.5, brief.chance), at, 0.12);
     }
-    AddRoom(band, kStreet);
+    AddRoom(band, street_room);
     return band;
 }
 

@@ -33,7 +33,7 @@ Sound CityBus(Brief brief) {
                      {13.0, 11.5}, {13.3, 8.2}, {15.2, 11.5}, {15.5, 9.0}, {17.2, 10.5}};
     const Curve load{{0.0, 0.8},  {3.2, 0.6},   {5.9, 0.6},  {10.9, 0.6}, {11.3, 1.0}, {13.0, 1.0},
                      {13.1, 0.4}, {13.35, 1.0}, {15.2, 1.0}, {15.3, 0.4}, {15.6, 0.9}};
-    Sound engine = RunEngine(kBusEngine, bus, revs, load, brief.chance);
+    Sound engine = RunEngine(bus_engine, bus, revs, load, brief.chance);
     Sound tyres = NoiseBand(bus, 150, 1800, brief.chance);
     Shape(tyres, {{0.0, 1.0}, {4.2, 0.8}, {6.0, 0.0}, {11.2, 0.0}, {13.5, 0.7}, {17.2, 1.0}});
     MixAt(engine, tyres, 0.0, 0.35);
@@ -82,7 +82,7 @@ Sound Tram(Brief brief) {
     gong.click = {0.5, 0.01, 1500, 7000};
     for (const double at : {1.0, 1.26, 3.5, 3.76})
         MixAt(tram, Hit(gong, brief.rate, 1.0, brief.chance), at, 0.6);
-    AddRoom(tram, kStreet);
+    AddRoom(tram, street_room);
     return tram;
 }
 

@@ -16,7 +16,7 @@ namespace tamlo::soundsmith {
 namespace {
 
 // A wheel over the gap between two rails.
-const Body kRailJoint{
+const Body rail_joint{
     {{70, 0.25, 1.0}, {161, 0.18, 1.0}, {423, 0.1, 0.7}, {1310, 0.07, 0.45}, {2650, 0.04, 0.2}},
     {0.9, 0.02, 400, 4000},
     0.03};
@@ -34,7 +34,7 @@ Sound Clacks(int rate, double seconds, const Wheels& wheels, Chance& chance) {
     Sound clacks = Silence(rate, seconds);
     for (double wagon = wheels.head; wagon < wheels.tail; wagon += wheels.wagon / wheels.speed) {
         const double strength = chance.Between(0.7, 1.0);
-        const Body joint = Scaled(kRailJoint, chance.About(0.06));
+        const Body joint = Scaled(rail_joint, chance.About(0.06));
         for (const double place : {0.0, wheels.axles, wheels.bogie, wheels.bogie + wheels.axles})
             MixAt(clacks, Hit(joint, rate, strength * chance.About(0.12), chance),
                   wagon + place / wheels.speed);
@@ -65,10 +65,10 @@ Sound CrossingBell(Brief brief) {
 Sound FreightTrain(Brief brief) {
     const double near = 5.6;  // the locomotive passes the listener
     const Sound blank = brief.Blank();
-    Sound locomotive = RunEngine(kLocomotiveEngine, blank, 6.2, 1.0, brief.chance);
+    Sound locomotive = RunEngine(locomotive_engine, blank, 6.2, 1.0, brief.chance);
     // Long, long, short, long.
     MixAt(locomotive,
-          BlowHorn(brief.rate, kFreightHorn, {{0.15, 1.3}, {1.7, 1.2}, {3.15, 0.5}, {3.9, 2.9}},
+          BlowHorn(brief.rate, freight_horn, {{0.15, 1.3}, {1.7, 1.2}, {3.15, 0.5}, {3.9, 2.9}},
                    brief.seconds, brief.chance),
           0.0, 1.7);
     Sound train = Passing(locomotive, {near, 9.0, 9.0}, brief.seconds);
@@ -83,7 +83,7 @@ Sound FreightTrain(Brief brief) {
     Sound flange = Tone(brief.rate, 2.6, Vibrato(2750, 0.006, 3.1, 2.6), {1.0, 0.4});
     Shape(flange, {{0.0, 0.0}, {0.6, 1.0}, {1.3, 0.3}, {1.9, 0.8}, {2.6, 0.0}});
     MixAt(train, flange, 8.2, 0.07);
-    AddRoom(train, kStreet);
+    AddRoom(train, street_room);
     Shape(train, {{0.0, 1.0}, {12.4, 1.0}, {14.0, 0.0}});
     return train;
 }
@@ -95,7 +95,7 @@ Sound PassengerTrain(Brief brief) {
     Sound unit = Tone(brief.rate, brief.seconds, Vibrato(610, 0.004, 0.7, brief.seconds),
                       {0.5, 0.2, 0.3, 0.1, 0.15});
     MixAt(unit, NoiseBand(blank, 150, 5000, brief.chance), 0.0, 1.6);
-    const Sound horn = BlowHorn(brief.rate, kPassengerHorn, {{0.2, 0.7}, {1.05, 0.9}, {2.9, 0.8}},
+    const Sound horn = BlowHorn(brief.rate, passenger_horn, {{0.2, 0.7}, {1.05, 0.9}, {2.9, 0.8}},
                                 brief.seconds, brief.chance);
     MixAt(unit, horn, 0.0, 6.0);
     Sound train = Passing(unit, {near, 33.0, 8.0}, brief.seconds);
@@ -113,7 +113,7 @@ Sound PassengerTrain(Brief brief) {
     Sound clacks = Clacks(brief.rate, brief.seconds,
                           {near - 0.1, near + 4.5, 33.0, 23.0, 15.5, 2.4}, brief.chance);
     MixAt(train, clacks, 0.0, 1.5);
-    AddRoom(train, kStreet);
+    AddRoom(train, street_room);
     Shape(train, {{0.0, 1.0}, {10.0, 1.0}, {11.9, 0.0}});
     return train;
 }

@@ -6,7 +6,7 @@
 namespace tamlo::soundsmith {
 
 std::span<const RecipeEntry> RoadRecipes() {
-    static constexpr std::array<RecipeEntry, 21> kRecipes{{
+    static constexpr std::array<RecipeEntry, 21> all_recipes{{
         {"tamlo20", CrossingBell},     {"tamlo21", FreightTrain}, {"tamlo22", PassengerTrain},
         {"tamlo23", Ambulance},        {"tamlo24", OldCar},       {"tamlo25", PoliceStop},
         {"tamlo29", Bicycle},          {"tamlo33", NearMiss},     {"tamlo34", Truck},
@@ -15,7 +15,7 @@ std::span<const RecipeEntry> RoadRecipes() {
         {"tamlo83", RunningDog},       {"tamlo84", Helicopter},   {"tamlo86", CityBus},
         {"tamlo87", Motorbike},        {"tamlo88", Tram},         {"tamlo89", SportsCar},
     }};
-    return kRecipes;
+    return all_recipes;
 }
 
 }  // namespace tamlo::soundsmith

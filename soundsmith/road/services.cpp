@@ -42,11 +42,12 @@ Sound Ambulance(Brief brief) {
         siren.samples[i] = (1.0 - part) * source.samples[whole] + part * source.samples[whole + 1];
         place += speed(static_cast<double>(i) / brief.rate);
     }
-    MixAt(siren,
-          RunEngine(kSmallCarEngine, siren, {{0.0, 24}, {1.5, 26}, {2.0, 23.5}}, 1.0, brief.chance),
-          0.0, 0.16);
+    MixAt(
+        siren,
+        RunEngine(small_car_engine, siren, {{0.0, 24}, {1.5, 26}, {2.0, 23.5}}, 1.0, brief.chance),
+        0.0, 0.16);
     MixAt(siren, NoiseBand(siren, 200, 2500, brief.chance), 0.0, 0.1);
-    AddRoom(siren, kStreet);
+    AddRoom(siren, street_room);
     return siren;
 }
 
@@ -64,7 +65,7 @@ Sound PoliceStop(Brief brief) {
     const Curve nearer{{0.0, 0.16}, {1.5, 0.34}, {2.8, 0.85}, {3.6, 1.0}};
     Shape(scene, nearer);
     MovingLowPass(scene, {{0.0, 1800}, {2.0, 4500}, {3.2, 14000}});
-    Sound car = RunEngine(kPatrolCarEngine, scene,
+    Sound car = RunEngine(patrol_car_engine, scene,
                           {{0.0, 13}, {3.0, 11}, {stop, 6.0}, {5.9, 5.4}, {6.2, 2.0}},
                           {{0.0, 0.7}, {stop, 0.6}, {5.85, 0.6}, {6.15, 0.0}}, brief.chance);
     Shape(car, {{0.0, 0.1}, {2.8, 0.6}, {stop, 1.0}, {6.2, 0.8}, {6.25, 0.0}});
@@ -75,7 +76,7 @@ Sound PoliceStop(Brief brief) {
     MixAt(scene, CarDoorOpens(brief.rate, brief.chance), 6.3, 0.6);
     MixAt(scene, CarDoorShuts(brief.rate, brief.chance), 6.75, 1.1);
     AddWalk(scene, HeavyShoe(), {3, 7.3, 0.46, 1.0, 1.4}, brief.chance);
-    AddRoom(scene, kStreet);
+    AddRoom(scene, street_room);
     return scene;
 }
 

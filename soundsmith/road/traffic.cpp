@@ -33,7 +33,7 @@ Sound Screech(int rate, double seconds, double hz, Chance& chance) {
 }  // namespace
 
 Sound OldCar(Brief brief) {
-    Sound car = RunEngine(kWreckEngine, brief.Blank(), {{0.0, 5.6}, {1.0, 6.4}, {2.0, 5.6}}, 1.0,
+    Sound car = RunEngine(wreck_engine, brief.Blank(), {{0.0, 5.6}, {1.0, 6.4}, {2.0, 5.6}}, 1.0,
                           brief.chance);
     const Body tin{
         {{530, 0.07, 1.0}, {1190, 0.06, 0.8}, {2240, 0.05, 0.6}}, {0.4, 0.01, 1000, 6000}, 0.08};
@@ -51,40 +51,40 @@ Sound NearMiss(Brief brief) {
     Sound screech = Screech(brief.rate, 1.25, 1050, brief.chance);
     Shape(screech, {{0.0, 0.0}, {0.03, 1.0}, {0.9, 0.85}, {1.25, 0.0}});
     MixAt(scene, screech, 0.02, 0.4);
-    MixAt(scene, Horn(brief.rate, kAngryHorn, 0.28, brief.chance), 0.72, 0.9);
-    MixAt(scene, Horn(brief.rate, kAngryHorn, 1.25, brief.chance), 1.1);
-    AddRoom(scene, kStreet);
+    MixAt(scene, Horn(brief.rate, angry_horn, 0.28, brief.chance), 0.72, 0.9);
+    MixAt(scene, Horn(brief.rate, angry_horn, 1.25, brief.chance), 1.1);
+    AddRoom(scene, street_room);
     return scene;
 }
 
 Sound Truck(Brief brief) {
     const Sound blank = Silence(brief.rate, brief.seconds);
     Sound truck = RunEngine(
-        kTruckEngine, blank, {{0.0, 9.5}, {1.6, 11.5}, {2.4, 10}, {3.4, 9.4}, {6.0, 12.5}},
+        truck_engine, blank, {{0.0, 9.5}, {1.6, 11.5}, {2.4, 10}, {3.4, 9.4}, {6.0, 12.5}},
         {{0.0, 1.0}, {1.6, 1.0}, {1.9, 0.5}, {3.3, 0.5}, {3.7, 1.0}}, brief.chance);
     MixAt(truck, NoiseBand(blank, 120, 2200, brief.chance), 0.0, 0.5);  // many tyres
-    MixAt(truck, Horn(brief.rate, kTruckHorn, 0.45, brief.chance), 1.0, 1.7);
-    MixAt(truck, Horn(brief.rate, kTruckHorn, 0.85, brief.chance), 1.6, 1.7);
+    MixAt(truck, Horn(brief.rate, truck_horn, 0.45, brief.chance), 1.0, 1.7);
+    MixAt(truck, Horn(brief.rate, truck_horn, 0.85, brief.chance), 1.6, 1.7);
     Sound scene = Passing(truck, {2.95, 8.5, 6.5}, brief.seconds);
     // The brakes let their air go as it passes.
     MixAt(scene, NoiseBurst(brief.rate, 0.012, 0.55, 1600, 9000, brief.chance), 3.0, 0.55);
     MixAt(scene, NoiseBurst(brief.rate, 0.008, 0.2, 2000, 9000, brief.chance), 3.62, 0.35);
-    AddRoom(scene, kStreet);
+    AddRoom(scene, street_room);
     return scene;
 }
 
 Sound IceCreamVan(Brief brief) {
     Sound chimes = brief.Blank();
     // Sixteen beats of a tune that never comes to its end.
-    constexpr std::array kTune{"g5", "e5", "g5", "a5", "g5", "e5", "c5", "d5",
-                               "e5", "f5", "e5", "d5", "b4", "d5", "g4", "f5"};
-    constexpr std::array kBass{"c4", "c4", "f4", "c4", "g4", "c4", "g3", "g4"};
+    constexpr std::array tune{"g5", "e5", "g5", "a5", "g5", "e5", "c5", "d5",
+                              "e5", "f5", "e5", "d5", "b4", "d5", "g4", "f5"};
+    constexpr std::array bass{"c4", "c4", "f4", "c4", "g4", "c4", "g3", "g4"};
     const double beat = brief.seconds / 16.0;
-    for (std::size_t i = 0; i < kTune.size(); ++i) {
+    for (std::size_t i = 0; i < tune.size(); ++i) {
         const double at = (static_cast<double>(i) + 0.15) * beat;
-        MixAt(chimes, MusicBox(brief.rate, NoteHz(kTune[i]), 0.9, brief.chance), at);
+        MixAt(chimes, MusicBox(brief.rate, NoteHz(tune[i]), 0.9, brief.chance), at);
         if (i % 2 == 0)
-            MixAt(chimes, MusicBox(brief.rate, NoteHz(kBass[i / 2]), 0.8, brief.chance), at, 0.5);
+            MixAt(chimes, MusicBox(brief.rate, NoteHz(bass[i / 2]), 0.8, brief.chance), at, 0.5);
         if (i == 5 || i == 9)
             MixAt(chimes, MusicBox(brief.rate, NoteHz("g5"), 0.5, brief.chance), at + 0.5 * beat,
                   0.6);
@@ -93,8 +93,8 @@ Sound IceCreamVan(Brief brief) {
     Sound speaker = Resonate(chimes, {{900, 1.5, 0.6}, {2100, 2.0, 0.8}}, 0.6);
     NormalisePeak(speaker);
     Saturate(speaker, 1.6);
-    MixAt(speaker, RunEngine(kSmallCarEngine, brief.Blank(), 6.2, 0.7, brief.chance), 0.0, 0.22);
-    AddRoom(speaker, kStreet);
+    MixAt(speaker, RunEngine(small_car_engine, brief.Blank(), 6.2, 0.7, brief.chance), 0.0, 0.22);
+    AddRoom(speaker, street_room);
     return speaker;
 }
 
@@ -109,13 +109,13 @@ Sound Motorbike(Brief brief) {
         level.push_back(
             {t, 0.8 + 0.15 * std::sin(turn * 2 * t + 0.7) + 0.08 * std::sin(turn * 7 * t)});
     }
-    return RunEngine(kTwinEngine, brief.Blank(), Curve(revs), Curve(level), brief.chance);
+    return RunEngine(twin_engine, brief.Blank(), Curve(revs), Curve(level), brief.chance);
 }
 
 Sound SportsCar(Brief brief) {
     // It pulls up through a gear, lifts, and pulls again: round the loop it never arrives.
     Sound car = RunEngine(
-        kRacyEngine, brief.Blank(), {{0.0, 62}, {2.3, 84}, {2.42, 60}, {2.55, 58}, {3.0, 62}},
+        racy_engine, brief.Blank(), {{0.0, 62}, {2.3, 84}, {2.42, 60}, {2.55, 58}, {3.0, 62}},
         {{0.0, 1.0}, {2.28, 1.0}, {2.33, 0.3}, {2.48, 0.3}, {2.56, 1.0}}, brief.chance);
     MixAt(car, NoiseBand(car, 700, 7000, brief.chance), 0.0, 0.2);   // wind
     MixAt(car, NoiseBand(car, 180, 1100, brief.chance), 0.0, 0.32);  // tyres

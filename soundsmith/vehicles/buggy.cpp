@@ -9,13 +9,13 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr double kIdle = 28.0 / 4.0;  // cycles of four firings a second
-constexpr double kIdleLevel = 0.17;
-constexpr double kIdleLoad = 0.5;
-constexpr double kFan = 0.0025;  // level of the cooling fan, for each cycle a second
-constexpr double kIdleBright = 3200;
+constexpr double idle = 28.0 / 4.0;  // cycles of four firings a second
+constexpr double idle_level = 0.17;
+constexpr double idle_load = 0.5;
+constexpr double fan = 0.0025;  // level of the cooling fan, for each cycle a second
+constexpr double idle_bright = 3200;
 
-const EngineKind kBuggy{
+const EngineKind buggy_engine{
     .cycle = {{0.0, 1.0}, {0.26, 0.72}, {0.5, 0.92}, {0.765, 0.6}},
     .pulse = 0.0008,
     .uneven = 0.3,
@@ -37,21 +37,21 @@ constexpr double P(double pulses) {
 
 // The fan that cools the cylinders: a whine that climbs and falls with the engine.
 void AddFan(Sound& engine, const Ride& ride) {
-    constexpr double kBlades = 56.0;
+    constexpr double blades = 56.0;
     std::vector<Curve::Point> hz, level;
     for (double t = 0.0; t <= engine.Seconds(); t += 0.02) {
         // In a loop a whole number of waves, so that it joins.
-        const double waves = kBlades * ride.cycles(t) * engine.Seconds();
+        const double waves = blades * ride.cycles(t) * engine.Seconds();
         hz.push_back({t, (engine.loop ? std::round(waves) : waves) / engine.Seconds()});
         level.push_back({t, (ride.load(t) > 0.0 ? 1.0 : 0.0) * ride.level(t) * ride.cycles(t)});
     }
     Sound whine = Tone(engine.rate, engine.Seconds(), Curve(hz), {1.0, 0.5, 0.2});
     Shape(whine, Curve(level));
-    MixAt(engine, whine, 0.0, kFan);
+    MixAt(engine, whine, 0.0, fan);
 }
 
 Sound DriveBuggy(const Sound& like, const Ride& ride, Chance& chance) {
-    Sound buggy = DriveEngine(kBuggy, like, ride, chance);
+    Sound buggy = DriveEngine(buggy_engine, like, ride, chance);
     AddFan(buggy, ride);
     return buggy;
 }
@@ -59,7 +59,7 @@ Sound DriveBuggy(const Sound& like, const Ride& ride, Chance& chance) {
 }  // namespace
 
 Sound BuggyIdle(Brief brief) {
-    return DriveBuggy(brief.Blank(), {kIdle, kIdleLoad, kIdleBright, 1.0}, brief.chance);
+    return DriveBuggy(brief.Blank(), {idle, idle_load, idle_bright, 1.0}, brief.chance);
 }
 
 Sound BuggyStart(Brief brief) {
@@ -72,7 +72,7 @@ Sound BuggyStart(Brief brief) {
                    {1.25, P(96)},
                    {1.5, P(84)},
                    {2.1, P(38)},
-                   {2.5, kIdle}},
+                   {2.5, idle}},
         .load = {{0.0, 0.0},
                  {0.5, 0.0},
                  {0.52, 0.35},
@@ -80,10 +80,10 @@ Sound BuggyStart(Brief brief) {
                  {0.95, 1.0},
                  {1.4, 0.9},
                  {1.7, 0.45},
-                 {2.5, kIdleLoad}},
-        .bright_hz = {{0.0, 1500}, {0.9, 3000}, {1.1, 8000}, {1.6, 4000}, {2.5, kIdleBright}},
+                 {2.5, idle_load}},
+        .bright_hz = {{0.0, 1500}, {0.9, 3000}, {1.1, 8000}, {1.6, 4000}, {2.5, idle_bright}},
         .level =
-            {{0.0, 0.6}, {0.9, 0.9}, {1.1, 1.0}, {1.6, 0.8}, {2.3, 0.3}, {2.75, 1.5 * kIdleLevel}},
+            {{0.0, 0.6}, {0.9, 0.9}, {1.1, 1.0}, {1.6, 0.8}, {2.3, 0.3}, {2.75, 1.5 * idle_level}},
     };
     MixAt(start, DriveBuggy(start, ride, brief.chance), 0.0);
     return start;
@@ -91,7 +91,7 @@ Sound BuggyStart(Brief brief) {
 
 Sound BuggyPullsAway(Brief brief) {
     const Ride ride{
-        .cycles = {{0.0, kIdle},
+        .cycles = {{0.0, idle},
                    {0.2, P(52)},
                    {1.35, P(118)},
                    {1.5, P(66)},
@@ -102,8 +102,8 @@ Sound BuggyPullsAway(Brief brief) {
                    {4.3, P(116)},
                    {4.9, P(112)},
                    {5.4, P(50)},
-                   {5.75, kIdle}},
-        .load = {{0.0, kIdleLoad},
+                   {5.75, idle}},
+        .load = {{0.0, idle_load},
                  {0.15, 0.9},
                  {1.3, 1.0},
                  {1.36, 0.25},
@@ -117,8 +117,8 @@ Sound BuggyPullsAway(Brief brief) {
                  {4.4, 0.55},
                  {4.9, 0.55},
                  {5.0, 0.3},
-                 {5.75, kIdleLoad}},
-        .bright_hz = {{0.0, kIdleBright},
+                 {5.75, idle_load}},
+        .bright_hz = {{0.0, idle_bright},
                       {0.3, 6000},
                       {1.3, 9000},
                       {1.42, 2400},
@@ -131,8 +131,8 @@ Sound BuggyPullsAway(Brief brief) {
                       {4.3, 8000},
                       {4.5, 4500},
                       {5.0, 2800},
-                      {5.75, kIdleBright}},
-        .level = {{0.0, 0.3}, {0.25, 0.9}, {4.3, 1.0}, {4.9, 0.75}, {5.2, 0.4}, {5.65, kIdleLevel}},
+                      {5.75, idle_bright}},
+        .level = {{0.0, 0.3}, {0.25, 0.9}, {4.3, 1.0}, {4.9, 0.75}, {5.2, 0.4}, {5.65, idle_level}},
     };
     return DriveBuggy(brief.Blank(), ride, brief.chance);
 }

@@ -48,7 +48,7 @@ Sound MovingOff(Brief brief) {
                     {{0.04, 0.0}, {0.06, 0.9}, {0.13, 1.0}, {0.2, 0.3}},
                     4500,
                     1.0};
-    MixAt(clunk, DriveEngine(kSmallCarEngine, brief.Blank(), ride, brief.chance), 0.0, 0.9);
+    MixAt(clunk, DriveEngine(small_car_engine, brief.Blank(), ride, brief.chance), 0.0, 0.9);
     return clunk;
 }
 

@@ -7,12 +7,12 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr double kIdle = 25.0;       // firings a second, one a cycle
-constexpr double kIdleLevel = 0.17;  // of the level under load: the idle is a bed under speech
-constexpr double kIdleLoad = 0.55;
-constexpr double kIdleBright = 3400;
+constexpr double idle = 25.0;        // firings a second, one a cycle
+constexpr double idle_level = 0.17;  // of the level under load: the idle is a bed under speech
+constexpr double idle_load = 0.55;
+constexpr double idle_bright = 3400;
 
-const EngineKind kScooter{
+const EngineKind scooter{
     .cycle = EvenFirings({1.0}),
     .pulse = 0.0007,
     .uneven = 0.5,
@@ -46,7 +46,7 @@ Sound Kick(int rate, Chance& chance) {
 }  // namespace
 
 Sound ScooterIdle(Brief brief) {
-    return DriveEngine(kScooter, brief.Blank(), {kIdle, kIdleLoad, kIdleBright, 1.0}, brief.chance);
+    return DriveEngine(scooter, brief.Blank(), {idle, idle_load, idle_bright, 1.0}, brief.chance);
 }
 
 Sound ScooterStart(Brief brief) {
@@ -62,7 +62,7 @@ Sound ScooterStart(Brief brief) {
                    {1.75, 78},
                    {1.95, 84},
                    {2.5, 34},
-                   {2.85, kIdle}},
+                   {2.85, idle}},
         .load = {{0.0, 0.0},
                  {0.92, 0.0},
                  {0.93, 0.8},
@@ -72,18 +72,18 @@ Sound ScooterStart(Brief brief) {
                  {1.25, 0.9},
                  {1.8, 1.0},
                  {2.1, 0.5},
-                 {2.85, kIdleLoad}},
-        .bright_hz = {{0.0, 3000}, {1.3, 4000}, {1.75, 8000}, {2.2, 4500}, {2.85, kIdleBright}},
-        .level = {{0.0, 0.8}, {1.4, 1.0}, {2.0, 1.0}, {2.5, 0.4}, {2.95, 0.85 * kIdleLevel}},
+                 {2.85, idle_load}},
+        .bright_hz = {{0.0, 3000}, {1.3, 4000}, {1.75, 8000}, {2.2, 4500}, {2.85, idle_bright}},
+        .level = {{0.0, 0.8}, {1.4, 1.0}, {2.0, 1.0}, {2.5, 0.4}, {2.95, 0.85 * idle_level}},
     };
-    MixAt(start, DriveEngine(kScooter, start, ride, brief.chance), 0.0);
+    MixAt(start, DriveEngine(scooter, start, ride, brief.chance), 0.0);
     return start;
 }
 
 Sound ScooterPullsAway(Brief brief) {
     const Sound five_seconds = Silence(brief.rate, 5.0);  // a block is waited for in full
     const Ride ride{
-        .cycles = {{0.0, kIdle},
+        .cycles = {{0.0, idle},
                    {0.15, 40},
                    {0.35, 66},
                    {1.2, 86},
@@ -92,8 +92,8 @@ Sound ScooterPullsAway(Brief brief) {
                    {3.8, 103},
                    {4.45, 46},
                    {4.8, 28},
-                   {5.0, kIdle}},
-        .load = {{0.0, kIdleLoad},
+                   {5.0, idle}},
+        .load = {{0.0, idle_load},
                  {0.2, 0.9},
                  {0.5, 1.0},
                  {2.75, 1.0},
@@ -101,23 +101,23 @@ Sound ScooterPullsAway(Brief brief) {
                  {3.8, 0.6},
                  {3.95, 0.3},
                  {4.6, 0.35},
-                 {5.0, kIdleLoad}},
-        .bright_hz = {{0.0, kIdleBright},
+                 {5.0, idle_load}},
+        .bright_hz = {{0.0, idle_bright},
                       {0.4, 7500},
                       {2.7, 11000},
                       {3.0, 6000},
                       {3.8, 6000},
                       {4.1, 3600},
-                      {5.0, kIdleBright}},
+                      {5.0, idle_bright}},
         .level = {{0.0, 0.3},
                   {0.25, 0.85},
                   {2.6, 1.0},
                   {3.0, 0.8},
                   {3.8, 0.75},
                   {4.3, 0.45},
-                  {4.9, 1.25 * kIdleLevel}},
+                  {4.9, 1.25 * idle_level}},
     };
-    return DriveEngine(kScooter, five_seconds, ride, brief.chance);
+    return DriveEngine(scooter, five_seconds, ride, brief.chance);
 }
 
 }  // namespace tamlo::soundsmith

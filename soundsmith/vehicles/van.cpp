@@ -6,12 +6,12 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr double kIdle = 41.0 / 8.0;  // cycles of eight firings a second
-constexpr double kIdleLevel = 0.17;
-constexpr double kIdleLoad = 0.6;
-constexpr double kIdleBright = 1900;
+constexpr double idle = 41.0 / 8.0;  // cycles of eight firings a second
+constexpr double idle_level = 0.17;
+constexpr double idle_load = 0.6;
+constexpr double idle_bright = 1900;
 
-const EngineKind kVan{
+const EngineKind van{
     .cycle = EvenFirings({1.0, 0.72, 0.95, 0.9, 0.66, 1.0, 0.8, 0.7}),
     .pulse = 0.0015,
     .uneven = 0.15,
@@ -33,7 +33,7 @@ constexpr double P(double pulses) {
 }  // namespace
 
 Sound VanIdle(Brief brief) {
-    return DriveEngine(kVan, brief.Blank(), {kIdle, kIdleLoad, kIdleBright, 1.0}, brief.chance);
+    return DriveEngine(van, brief.Blank(), {idle, idle_load, idle_bright, 1.0}, brief.chance);
 }
 
 Sound VanStart(Brief brief) {
@@ -50,7 +50,7 @@ Sound VanStart(Brief brief) {
                    {3.6, P(108)},
                    {4.0, P(92)},
                    {5.2, P(54)},
-                   {6.2, kIdle}},
+                   {6.2, idle}},
         .load = {{0.0, 0.0},
                  {1.7, 0.0},
                  {1.72, 0.5},
@@ -61,17 +61,17 @@ Sound VanStart(Brief brief) {
                  {3.1, 0.9},
                  {3.6, 1.0},
                  {4.2, 0.6},
-                 {6.2, kIdleLoad}},
-        .bright_hz = {{0.0, 1200}, {3.0, 1600}, {3.5, 6000}, {4.2, 2600}, {6.2, kIdleBright}},
-        .level = {{0.0, 0.7}, {3.0, 0.8}, {3.5, 1.0}, {4.2, 0.75}, {5.4, 0.35}, {6.4, kIdleLevel}},
+                 {6.2, idle_load}},
+        .bright_hz = {{0.0, 1200}, {3.0, 1600}, {3.5, 6000}, {4.2, 2600}, {6.2, idle_bright}},
+        .level = {{0.0, 0.7}, {3.0, 0.8}, {3.5, 1.0}, {4.2, 0.75}, {5.4, 0.35}, {6.4, idle_level}},
     };
-    MixAt(start, DriveEngine(kVan, start, ride, brief.chance), 0.0);
+    MixAt(start, DriveEngine(van, start, ride, brief.chance), 0.0);
     return start;
 }
 
 Sound VanPullsAway(Brief brief) {
     const Ride ride{
-        .cycles = {{0.0, kIdle},
+        .cycles = {{0.0, idle},
                    {0.25, P(66)},
                    {1.5, P(136)},
                    {1.72, P(80)},
@@ -80,8 +80,8 @@ Sound VanPullsAway(Brief brief) {
                    {3.3, P(100)},
                    {3.8, P(104)},
                    {4.3, P(58)},
-                   {4.6, kIdle}},
-        .load = {{0.0, kIdleLoad},
+                   {4.6, idle}},
+        .load = {{0.0, idle_load},
                  {0.2, 0.95},
                  {1.45, 1.0},
                  {1.55, 0.4},
@@ -91,8 +91,8 @@ Sound VanPullsAway(Brief brief) {
                  {3.25, 0.55},
                  {3.8, 0.55},
                  {3.95, 0.35},
-                 {4.6, kIdleLoad}},
-        .bright_hz = {{0.0, kIdleBright},
+                 {4.6, idle_load}},
+        .bright_hz = {{0.0, idle_bright},
                       {0.3, 4200},
                       {1.4, 6500},
                       {1.6, 1800},
@@ -101,16 +101,16 @@ Sound VanPullsAway(Brief brief) {
                       {3.3, 3200},
                       {3.8, 3000},
                       {4.1, 1600},
-                      {4.6, kIdleBright}},
+                      {4.6, idle_bright}},
         .level = {{0.0, 0.3},
                   {0.3, 0.9},
                   {3.1, 1.0},
                   {3.4, 0.75},
                   {3.8, 0.7},
                   {4.2, 0.35},
-                  {4.55, 0.85 * kIdleLevel}},
+                  {4.55, 0.85 * idle_level}},
     };
-    return DriveEngine(kVan, brief.Blank(), ride, brief.chance);
+    return DriveEngine(van, brief.Blank(), ride, brief.chance);
 }
 
 }  // namespace tamlo::soundsmith

@@ -6,7 +6,7 @@
 namespace tamlo::soundsmith {
 
 std::span<const RecipeEntry> VehicleRecipes() {
-    static constexpr std::array<RecipeEntry, 11> kRecipes{{
+    static constexpr std::array<RecipeEntry, 11> all_recipes{{
         {"tamlo2", ScooterStart},
         {"tamlo3", ScooterIdle},
         {"tamlo4", ScooterPullsAway},
@@ -19,7 +19,7 @@ std::span<const RecipeEntry> VehicleRecipes() {
         {"tamlo31", VanIdle},
         {"tamlo32", VanPullsAway},
     }};
-    return kRecipes;
+    return all_recipes;
 }
 
 Sound DriveEngine(const EngineKind& kind, const Sound& like, const Ride& ride, Chance& chance) {

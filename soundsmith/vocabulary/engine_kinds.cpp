@@ -3,7 +3,7 @@
 
 namespace tamlo::soundsmith {
 
-const EngineKind kSmallCarEngine{
+const EngineKind small_car_engine{
     .cycle = EvenFirings({1.0, 0.9, 0.96, 0.86}),
     .pulse = 0.0014,
     .uneven = 0.2,
@@ -18,7 +18,7 @@ const EngineKind kSmallCarEngine{
     .high_pass_hz = 70,
 };
 
-const EngineKind kPatrolCarEngine{
+const EngineKind patrol_car_engine{
     .cycle = EvenFirings({1.0, 0.85, 0.95, 0.8, 1.0, 0.9, 0.85, 0.95}),
     .pulse = 0.0015,
     .uneven = 0.2,
@@ -33,7 +33,7 @@ const EngineKind kPatrolCarEngine{
     .high_pass_hz = 50,
 };
 
-const EngineKind kWreckEngine{
+const EngineKind wreck_engine{
     .cycle = {{0.0, 1.0}, {0.25, 0.15}, {0.5, 0.8}, {0.77, 0.45}},
     .pulse = 0.0014,
     .uneven = 0.9,
@@ -48,7 +48,7 @@ const EngineKind kWreckEngine{
     .high_pass_hz = 90,
 };
 
-const EngineKind kTruckEngine{
+const EngineKind truck_engine{
     .cycle = EvenFirings({1.0, 0.8, 0.93, 0.85, 0.97, 0.78}),
     .pulse = 0.0017,
     .uneven = 0.2,
@@ -63,7 +63,7 @@ const EngineKind kTruckEngine{
     .high_pass_hz = 55,
 };
 
-const EngineKind kBusEngine{
+const EngineKind bus_engine{
     .cycle = EvenFirings({1.0, 0.82, 0.94, 0.86, 0.98, 0.8}),
     .pulse = 0.0017,
     .uneven = 0.2,
@@ -78,7 +78,7 @@ const EngineKind kBusEngine{
     .high_pass_hz = 65,
 };
 
-const EngineKind kLocomotiveEngine{
+const EngineKind locomotive_engine{
     .cycle = EvenFirings({1.0, 0.85, 0.95, 0.8, 1.0, 0.9, 0.75, 0.95}),
     .pulse = 0.003,
     .uneven = 0.2,
@@ -93,7 +93,7 @@ const EngineKind kLocomotiveEngine{
     .high_pass_hz = 40,
 };
 
-const EngineKind kTwinEngine{
+const EngineKind twin_engine{
     .cycle = {{0.0, 1.0}, {0.4375, 0.85}},
     .pulse = 0.0013,
     .uneven = 0.35,
@@ -108,7 +108,7 @@ const EngineKind kTwinEngine{
     .high_pass_hz = 70,
 };
 
-const EngineKind kRacyEngine{
+const EngineKind racy_engine{
     .cycle = EvenFirings({1.0, 0.9, 0.96, 0.9, 1.0, 0.88}),
     .pulse = 0.0005,
     .uneven = 0.12,

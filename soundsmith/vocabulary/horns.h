@@ -16,11 +16,11 @@ struct HornKind {
     double rise;                // seconds until it speaks
 };
 
-inline const HornKind kCarHorn{{349, 440}, -3, 2300, 0.02};
-inline const HornKind kAngryHorn{{405, 512}, -2, 2700, 0.012};
-inline const HornKind kTruckHorn{{148, 186, 223}, -4, 1100, 0.06};
-inline const HornKind kFreightHorn{{185, 233, 277, 311, 370}, -5, 1200, 0.09};
-inline const HornKind kPassengerHorn{{311, 370}, -4, 1600, 0.05};
+inline const HornKind car_horn{{349, 440}, -3, 2300, 0.02};
+inline const HornKind angry_horn{{405, 512}, -2, 2700, 0.012};
+inline const HornKind truck_horn{{148, 186, 223}, -4, 1100, 0.06};
+inline const HornKind freight_horn{{185, 233, 277, 311, 370}, -5, 1200, 0.09};
+inline const HornKind passenger_horn{{311, 370}, -4, 1600, 0.05};
 
 Sound Horn(int rate, const HornKind& kind, double seconds, Chance& chance);
 

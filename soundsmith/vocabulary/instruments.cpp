@@ -17,9 +17,9 @@ double NoteHz(double semitones) {
 }
 
 double NoteHz(const char* name) {
-    constexpr std::string_view kNames = "c d ef g a b";  // a blank is a black key
+    constexpr std::string_view names = "c d ef g a b";  // a blank is a black key
     const std::string_view text = name;
-    const std::size_t key = text.empty() ? std::string_view::npos : kNames.find(text.front());
+    const std::size_t key = text.empty() ? std::string_view::npos : names.find(text.front());
     const char octave = text.empty() ? '\0' : text.back();
     if (key == std::string_view::npos || text.front() == ' ' || octave < '0' || octave > '9')
         throw std::logic_error("no note: " + std::string(text));

@@ -9,7 +9,7 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr double kSpeedOfSound = 343.0;
+constexpr double speed_of_sound = 343.0;
 
 double Distance(const PassBy& pass, double time) {
     return std::hypot(pass.speed * (time - pass.moment), pass.distance);
@@ -18,7 +18,7 @@ double Distance(const PassBy& pass, double time) {
 // When that which is heard at `time` was sent out.
 double SentAt(const PassBy& pass, double time) {
     double sent = time;
-    for (int i = 0; i < 8; ++i) sent = time - Distance(pass, sent) / kSpeedOfSound;
+    for (int i = 0; i < 8; ++i) sent = time - Distance(pass, sent) / speed_of_sound;
     return sent;
 }
 

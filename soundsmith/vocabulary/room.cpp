@@ -12,35 +12,35 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr int kLines = 8;
-constexpr double kSpeedOfSound = 343.0;
+constexpr int lines = 8;
+constexpr double speed_of_sound = 343.0;
 
 class DelayNetwork {
   public:
     DelayNetwork(const Room& room, int rate)
         : damping_(1.0 - std::exp(-2.0 * std::numbers::pi * room.bright_hz / rate)) {
         // Ratios without common measure, so that the echoes never fall together.
-        constexpr std::array<double, kLines> kRatios{1.0, 1.19, 1.37, 1.53, 1.81, 2.03, 2.29, 2.63};
-        for (std::size_t i = 0; i < kLines; ++i) {
-            const double seconds = kRatios[i] * room.size / kSpeedOfSound;
+        constexpr std::array<double, lines> ratios{1.0, 1.19, 1.37, 1.53, 1.81, 2.03, 2.29, 2.63};
+        for (std::size_t i = 0; i < lines; ++i) {
+            const double seconds = ratios[i] * room.size / speed_of_sound;
             lines_[i].resize(std::max<std::size_t>(FramesIn(seconds, rate), 8));
             feedback_[i] = std::pow(10.0, -3.0 * seconds / room.seconds);
         }
     }
 
     double Step(double in) {
-        std::array<double, kLines> out{};
+        std::array<double, lines> out{};
         double sum = 0.0, result = 0.0;
-        for (std::size_t i = 0; i < kLines; ++i) {
+        for (std::size_t i = 0; i < lines; ++i) {
             const double heard = lines_[i][place_[i]];
             dull_[i] += damping_ * (heard - dull_[i]);
             out[i] = dull_[i] * feedback_[i];
             sum += out[i];
             result += (i % 2 == 0 ? heard : -heard);
         }
-        for (std::size_t i = 0; i < kLines; ++i) {
+        for (std::size_t i = 0; i < lines; ++i) {
             // A Householder mix: every line feeds every other, and no energy is lost or gained.
-            lines_[i][place_[i]] = in + out[i] - 2.0 / kLines * sum;
+            lines_[i][place_[i]] = in + out[i] - 2.0 / lines * sum;
             place_[i] = (place_[i] + 1) % lines_[i].size();
         }
         return result * 0.35;
@@ -48,9 +48,9 @@ class DelayNetwork {
 
   private:
     double damping_;
-    std::array<std::vector<double>, kLines> lines_;
-    std::array<double, kLines> feedback_{}, dull_{};
-    std::array<std::size_t, kLines> place_{};
+    std::array<std::vector<double>, lines> lines_;
+    std::array<double, lines> feedback_{}, dull_{};
+    std::array<std::size_t, lines> place_{};
 };
 
 }  // namespace

@@ -12,10 +12,10 @@ struct Room {
     double share;      // level of the tail against the sound itself
 };
 
-inline constexpr Room kStreet{14, 0.9, 2600, 0.25};
-inline constexpr Room kPorch{3, 0.35, 4500, 0.25};
-inline constexpr Room kHallway{5, 0.7, 3500, 0.4};
-inline constexpr Room kShop{7, 0.6, 4000, 0.25};
+inline constexpr Room street_room{14, 0.9, 2600, 0.25};
+inline constexpr Room porch{3, 0.35, 4500, 0.25};
+inline constexpr Room hallway{5, 0.7, 3500, 0.4};
+inline constexpr Room shop{7, 0.6, 4000, 0.25};
 
 // Adds the room to the sound, whose length stays as it is.
 void AddRoom(Sound& sound, const Room& room);

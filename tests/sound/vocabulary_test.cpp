@@ -96,7 +96,7 @@ TEST(Loops, SoundTheSameWhereverTheyBegin) {
         {"high-pass", [](Sound& sound) { HighPass(sound, 60); }},
         {"resonance", [](Sound& sound) { BandPass(sound, 900, 30); }},
         {"moving low-pass", [](Sound& sound) { MovingLowPass(sound, 800); }},
-        {"room", [](Sound& sound) { AddRoom(sound, kHallway); }},
+        {"room", [](Sound& sound) { AddRoom(sound, hallway); }},
         {"speed", [](Sound& sound) { sound = AtSpeed(sound, 0.5); }},
         {"limiter", [](Sound& sound) { LevelTo(sound, -8, -6); }},
         {"decimation", [](Sound& sound) { sound = Decimate(sound, 2); }},
@@ -163,7 +163,7 @@ TEST(Engines, FireAsOftenAsTheyTurnAndFitTheirLoop) {
     Sound like = Silence(44100, 2.0);
     like.loop = true;
     // 14.8 turns a second are 29.6 in the loop: 30 are made of it, fifteen a second.
-    EngineKind kind = kTruckEngine;
+    EngineKind kind = truck_engine;
     kind.cycle = EvenFirings({1.0});
     kind.uneven = 0.0;
     const Sound engine = RunEngine(kind, like, 14.8, 1.0, chance);
