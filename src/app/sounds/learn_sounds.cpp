@@ -1,23 +1,19 @@
 #include "app/sounds/learn_sounds.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "app/tool_list.h"
 #include "driving/road_scenes.h"
 #include "game/form1.h"
-#include "services/end_of_process.h"
-#include "services/events.h"
-#include "services/key_codes.h"
 #include "services/sound.h"
 #include "sound/effects.h"
-#include "speech/menus.h"
 
 namespace tamlo {
 namespace {
 
 constexpr double loop_seconds = 10;
-constexpr int leave = -1;
-constexpr int help = -2;
 
 struct Lesson {
     Effect effect;
@@ -73,44 +69,18 @@ void PlayLesson(Form1& form, const Effect& effect) {
     }
 }
 
-void Welcome(Form1& form) {
-    form.say2(
-        " Learn the sounds of Tamlo Delivery. Up and Down arrow move from sound to sound, Enter "
-        "plays the sound as it is heard in the game, Escape leaves. ");
-}
-
-MenuKey LessonKey(const Form1& form) {
-    if (form.gs.g == keys::escape) return MenuKey::Leave(leave);
-    if (form.gs.g == keys::f1) return MenuKey::Leave(help);
-    return {};
-}
-
 }  // namespace
 
 void LearnSounds(Form1& form) {
-    form.platform.events.ShowWindow(" The sounds of Tamlo Delivery ");
-    form.opensound();
-    form.countvoices();
-    form.getdatapath();
-    form.readCFG();
-    form.setupvoice();
+    OpenTool(form, " The sounds of Tamlo Delivery ");
     const std::vector<Lesson> lessons = Lessons();
-    ListMenu menu{.extra = [&form](int) { return LessonKey(form); }};
-    for (const Lesson& lesson : lessons) menu.items.push_back(lesson.spoken);
-    Welcome(form);
-    while (true) {
-        const int item = form.runMenu(menu);
-        menu.prompt = "";
-        if (item == leave) break;
-        if (item == help) {
-            Welcome(form);
-            continue;
-        }
-        PlayLesson(form, lessons[static_cast<std::size_t>(item) - 1].effect);
-        menu.first = item;  // the list continues at this item
-    }
-    form.say(" Good bye. ");
-    throw EndOfProcess{};
+    ListMenu list;
+    for (const Lesson& lesson : lessons) list.items.push_back(lesson.spoken);
+    RunToolList(
+        form, std::move(list),
+        " Learn the sounds of Tamlo Delivery. Up and Down arrow move from sound to sound, "
+        "Enter plays the sound as it is heard in the game, Escape leaves. ",
+        [&](int item) { PlayLesson(form, lessons[static_cast<std::size_t>(item) - 1].effect); });
 }
 
 }  // namespace tamlo
