@@ -17,6 +17,7 @@
 
 #include "audio/allocation_counter.h"
 #include "audio/eventually.h"
+#include "audio/voice/voices.h"
 #include "audio/voice_listener.h"
 #include "services/end_of_process.h"
 
@@ -33,12 +34,16 @@ class FakeSynthesizer : public Synthesizer {
     struct Log {
         std::vector<Utterance> utterances;
         std::atomic<bool> let_go{false};
+        std::atomic<bool> opening{false};
         std::atomic<int> begun{0};
         std::atomic<int> alive{0};
     };
     FakeSynthesizer(Log& log, int voices) : log_(log), voices_(voices) { ++log_.alive; }
     ~FakeSynthesizer() override { --log_.alive; }
-    int Open() override { return voices_; }
+    int Open() override {
+        while (log_.opening) std::this_thread::sleep_for(1ms);
+        return voices_;
+    }
     int Rate(int) const override { return stream_rate; }
     void Synthesize(const Utterance& utterance, const Sink& sink) override {
         log_.utterances.push_back(utterance);
@@ -326,8 +331,9 @@ TEST(VoiceSpeech, WithoutVoicesTextsTakeTheirTimeInSilenceIfSomebodyIsTold) {
     VoiceSpeech voice({.silent = [&] { ++told; }}, Making(log, 0));
     auto engine = voice.CreateEngine();
     Listener listener(voice);
-    EXPECT_EQ(engine->GetVoicesCount(), 1);
-    EXPECT_EQ(engine->GetVoicesCount(), 1);
+    // As many as there can be: the settings keep what the player has chosen.
+    EXPECT_EQ(engine->GetVoicesCount(), most_voices);
+    EXPECT_EQ(engine->GetVoicesCount(), most_voices);
     EXPECT_EQ(told, 1);
     engine->Speak("thirty characters, two seconds", SpeakFlags::queue);
     listener.HearOut();
@@ -335,6 +341,25 @@ TEST(VoiceSpeech, WithoutVoicesTextsTakeTheirTimeInSilenceIfSomebodyIsTold) {
     EXPECT_EQ(Energy(listener.heard), 0);
     // The synthesizer without voices is left behind, and notes its end in the log.
     EXPECT_TRUE(Eventually([&] { return log.alive == 0; }));
+}
+
+TEST(VoiceSpeech, ASlowSynthesizerSpeaksOnceItIsOpen) {
+    FakeSynthesizer::Log log;
+    log.opening = true;
+    int told = 0;
+    VoiceSpeech voice({.silent = [&] { ++told; }}, Making(log, 3), 1s, 20ms);
+    auto engine = voice.CreateEngine();
+    EXPECT_EQ(engine->GetVoicesCount(), most_voices) << "those that there may be";
+    engine->SetVoice(2);
+    engine->Speak("100", SpeakFlags::queue);
+    log.opening = false;
+    Listener listener(voice);
+    listener.HearOut();
+    EXPECT_GT(Energy(listener.heard), 0);
+    EXPECT_EQ(log.utterances.back().voice, 2);
+    EXPECT_EQ(engine->GetVoicesCount(), 3);
+    EXPECT_EQ(told, 0);
+    EXPECT_EQ(log.alive, 1) << "nobody else was asked";
 }
 
 TEST(VoiceSpeech, WithoutVoicesTextsCountAsSpokenAndAreShownAsTheyAreGiven) {

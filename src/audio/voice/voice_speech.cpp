@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "audio/voice/voice_worker.h"
+#include "audio/voice/voices.h"
 
 namespace tamlo {
 namespace {
@@ -49,8 +51,12 @@ class VoiceSpeech::PresentStream : public Source {
 };
 
 struct VoiceSpeech::Shared {
-    Shared(SpeechHooks the_hooks, SynthesizerMaker maker, std::chrono::milliseconds silence)
-        : hooks(std::move(the_hooks)), make(std::move(maker)), longest_silence(silence) {
+    Shared(SpeechHooks the_hooks, SynthesizerMaker maker, std::chrono::milliseconds silence,
+           std::chrono::milliseconds opening)
+        : hooks(std::move(the_hooks)),
+          make(std::move(maker)),
+          longest_silence(silence),
+          longest_opening(opening) {
         threads.push_back(std::make_unique<VoiceThread>(make(), Onset::cut));
         stream.Follow(threads.back()->Worker().stream);
     }
@@ -65,6 +71,7 @@ struct VoiceSpeech::Shared {
     SpeechHooks hooks;
     SynthesizerMaker make;
     const std::chrono::milliseconds longest_silence;
+    const std::chrono::milliseconds longest_opening;
     /// The last one works. Those before were left behind, and are kept: the audio thread may still
     /// read their streams.
     std::vector<std::unique_ptr<VoiceThread>> threads;
@@ -96,10 +103,12 @@ void VoiceSpeech::Shared::Replace(std::unique_ptr<Synthesizer> synthesizer, Onse
 
 int VoiceSpeech::Shared::Voices() {
     if (voices_ >= 0) return voices_;
-    voices_ = Worker().Voices();
+    const std::optional<int> counted = Worker().Voices(longest_opening);
+    if (!counted) return most_voices;  // so that the settings keep what the player has chosen
+    voices_ = *counted;
     if (voices_ == 0 && hooks.silent) {
         Replace(MakeSilence(), Onset::kept);
-        voices_ = 1;
+        voices_ = most_voices;
         hooks.silent();
     }
     return voices_;
@@ -192,8 +201,10 @@ double VoiceSpeech::Engine::SecondsLeft() const {
 }
 
 VoiceSpeech::VoiceSpeech(SpeechHooks hooks, SynthesizerMaker make,
-                         std::chrono::milliseconds longest_silence)
-    : shared_(std::make_unique<Shared>(std::move(hooks), std::move(make), longest_silence)) {}
+                         std::chrono::milliseconds longest_silence,
+                         std::chrono::milliseconds longest_opening)
+    : shared_(std::make_unique<Shared>(std::move(hooks), std::move(make), longest_silence,
+                                       longest_opening)) {}
 
 VoiceSpeech::~VoiceSpeech() = default;
 

@@ -21,8 +21,8 @@ struct SpeechHooks {
     /// Called with a text that counts as spoken though it was not, because the synthesizer hung or
     /// there is none, so that it can be shown; on the game's thread.
     std::function<void(std::string_view)> unspoken{};
-    /// Called once if there are no voices, when they are counted. The count is one then, and texts
-    /// take their time in silence. Without this hook the count is none.
+    /// Called once if there are no voices, when they are counted. The count is most_voices then,
+    /// and texts take their time in silence. Without this hook the count is none.
     std::function<void()> silent{};
 };
 
@@ -31,9 +31,12 @@ struct SpeechHooks {
 class VoiceSpeech : public Speech {
   public:
     /// A synthesizer that gives no sign of life for `longest_silence` while it has a text is left
-    /// behind with its thread, and another one made for the texts that wait; three times.
+    /// behind with its thread, and another one made for the texts that wait; three times. One that
+    /// is not open after `longest_opening` is not waited for any longer when the voices are
+    /// counted: as many as there can be are presumed, and it speaks once it is open.
     explicit VoiceSpeech(SpeechHooks hooks = {}, SynthesizerMaker make = MakeVoices,
-                         std::chrono::milliseconds longest_silence = std::chrono::seconds(2));
+                         std::chrono::milliseconds longest_silence = std::chrono::seconds(2),
+                         std::chrono::milliseconds longest_opening = std::chrono::seconds(3));
     ~VoiceSpeech() override;
 
     std::unique_ptr<SpeechEngine> CreateEngine() override;

@@ -11,7 +11,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto longest_opening = 3s;
 constexpr auto longest_stop = 1s;
 
 }  // namespace
@@ -22,10 +21,11 @@ VoiceWorker::VoiceWorker(std::unique_ptr<Synthesizer> synthesizer, Onset onset)
       synthesizer_(std::move(synthesizer)),
       onset_(onset) {}
 
-int VoiceWorker::Voices() {
-    const auto end = started_ + longest_opening;
+std::optional<int> VoiceWorker::Voices(std::chrono::milliseconds longest) {
+    const auto end = started_ + longest;
     while (voices_ < 0 && std::chrono::steady_clock::now() < end) ready_or_finished_.SleepFor(50ms);
-    return std::max(voices_.load(), 0);
+    const int voices = voices_;
+    return voices < 0 ? std::nullopt : std::optional(voices);
 }
 
 bool VoiceWorker::Queue(Utterance utterance) {
@@ -73,7 +73,9 @@ bool VoiceWorker::Speaking() {
 bool VoiceWorker::SilentFor(std::chrono::milliseconds time) {
     std::lock_guard lock(mutex_);
     const bool working = voices_ < 0 || (at_work_on_ != 0 && !waiting_for_room_);
-    return working && WantedLocked() && std::chrono::steady_clock::now() - progress_.load() >= time;
+    const auto longest = voices_ < 0 ? 10 * time : time;
+    return working && WantedLocked() &&
+           std::chrono::steady_clock::now() - progress_.load() >= longest;
 }
 
 VoiceWorker::Remains VoiceWorker::GiveUp() {

@@ -30,14 +30,16 @@ class VoiceWorker {
 
     // The game's thread.
 
-    /// Waits until the synthesizer is ready, but not for ever: one that hangs has no voices.
-    int Voices();
+    /// Waits until the synthesizer is ready, at most `longest` from the start. Nothing if it is
+    /// not: its voices are not known yet.
+    std::optional<int> Voices(std::chrono::milliseconds longest);
     /// Queues a text. Any text: it is cleaned and worded on the voice's thread. False if it will
     /// not be spoken: there are no voices, or they have been given up.
     bool Queue(Utterance utterance);
     /// Forgets all texts and silences what is spoken.
     void Drop();
-    /// Whether the synthesizer has owed a sign of life for so long.
+    /// Whether the synthesizer has owed a sign of life for so long. Opening may take it ten times
+    /// that: it reads files.
     bool SilentFor(std::chrono::milliseconds time);
     /// The texts of a worker whose synthesizer hangs; it forgets them, and takes none until the
     /// synthesizer answers.

@@ -46,4 +46,7 @@ inline constexpr std::array flite_voices{
     FliteVoice{"cmu_us_awb", "Scottish man with a natural voice", 1.02F, 0.90F},
 };
 
+/// The voices where all are installed.
+inline constexpr int most_voices = static_cast<int>(voice_table.size() + flite_voices.size());
+
 }  // namespace tamlo
