@@ -2,6 +2,7 @@
 //
 //   window_probe turns          event turns until the end; "key CODE MODIFIERS" for each key
 //   window_probe blocked TIME   first TIME seconds without event turns, then as above
+//   window_probe stuck          neither turns nor an end
 //   window_probe line TEXT      a line to be seen, then as above
 //   window_probe message TEXT   a message box, "closed" when it has been answered, then as above
 #include <cstdio>
@@ -32,9 +33,10 @@ void Run(tamlo::DesktopWindow& window, const std::string& act, const std::string
         }
         std::puts("unblocked");
     }
+    while (act == "stuck") std::this_thread::sleep_for(std::chrono::seconds(1));
     if (act == "line") window.ShowLine(argument);
     if (act == "message") {
-        window.MessageBox(argument);
+        window.MessageBox(argument, [] { std::puts("said"); });
         std::puts("closed");
     }
     for (Printer printer;;) window.Turn(printer, tamlo::until_event);

@@ -53,6 +53,7 @@ class Window(Case):
             program.line("two")
             self.display.press("x", answer, "b")
             program.line("closed")
+            self.assertEqual(program.lines.count("said"), 2, "once for itself, once for the x")
             program.line("key 66 ")
             self.assertEqual(self.keys(program), [66])
             program.close()
@@ -84,6 +85,17 @@ class Window(Case):
                     begin = time.monotonic()
                     self.assertEqual(program.ended(), 0)
                     self.assertLess(time.monotonic() - begin, AT_ONCE)
+
+    def test_it_ends_though_it_is_stuck(self):
+        program = self.probe("stuck")
+        program.process.send_signal(signal.SIGTERM)
+        self.assertEqual(program.ended(), -signal.SIGTERM)
+
+    def test_it_takes_most_of_the_screen(self):
+        program = self.probe("turns")
+        geometry = self.display.xdotool("search", "--name", "Tamlo", "getwindowgeometry").stdout
+        self.assertIn(f"{1024 * 4 // 5}x{768 * 4 // 5}", geometry)
+        program.close()
 
     def test_a_lost_display_ends_it(self):
         program = self.probe("turns")

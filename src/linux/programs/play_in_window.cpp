@@ -3,8 +3,10 @@
 
 #include <unistd.h>
 
+#include <memory>
 #include <mutex>
 #include <string>
+#include <utility>
 
 #include "game/form1.h"
 #include "linux/programs/display_farewell.h"
@@ -17,6 +19,25 @@
 #include "text/printable.h"
 
 namespace tamlo {
+namespace {
+
+/// The text of a message box, spoken by a voice of its own, as the game's may not be set up yet.
+class SpokenMessage {
+  public:
+    SpokenMessage(Speech& speech, std::string text)
+        : engine_(speech.CreateEngine()), text_(std::move(text)) {}
+
+    void Say() {
+        engine_->Speak("", SpeakFlags::purge);
+        engine_->Speak(text_, SpeakFlags::queue);
+    }
+
+  private:
+    const std::unique_ptr<SpeechEngine> engine_;
+    const std::string text_;
+};
+
+}  // namespace
 
 SessionEnd PlayInWindow(const Hearing& hearing, DesktopWindow& window, const Session& session) {
     SystemServices system;
@@ -46,7 +67,8 @@ SessionEnd PlayInWindow(const Hearing& hearing, DesktopWindow& window, const Ses
                                [&](const std::string& text) {
                                    braille.Show(PrintableLine(text));
                                    said.Add(PrintableLine(text));
-                                   window.MessageBox(text);
+                                   SpokenMessage message(voice.Service(), text);
+                                   window.MessageBox(text, [&] { message.Say(); });
                                },
                            .beep = [&] { heard.Beep(); },
                            .edit = EditOnDesktop});

@@ -14,6 +14,7 @@
 #include "linux/window/display_faults.h"
 #include "linux/window/end_signals.h"
 #include "linux/window/keys.h"
+#include "linux/window/paint_schedule.h"
 #include "linux/window/window_painter.h"
 #include "linux/window/x_window.h"
 #include "services/end_of_process.h"
@@ -26,8 +27,7 @@ namespace {
 constexpr const char* default_caption = " Tamlo Delivery ";
 constexpr double longest_sleep = 0.25;  // s; a signal can slip in just before a sleep begins
 constexpr Uint32 focus_echo = 5;        // ms
-constexpr Uint64 painting_pause = 50;   // ms without a new line or a key, before lines are painted
-constexpr Uint64 longest_unseen = 500;  // ms; or after so long in any case
+constexpr SDL_Rect usual_screen = {0, 0, 1000, 562};  // where the size of the screen is not told
 
 /// Events that would only fill the queue while the game speaks and takes no turn.
 constexpr Uint32 unwanted_events[] = {
@@ -68,6 +68,11 @@ int ModifiersOf(const SDL_KeyboardEvent& event) {
            ((mod & KMOD_ALT) != 0 ? 4 : 0);
 }
 
+/// Large letters need room; the rest leaves the desktop in sight.
+int FourFifths(int pixels) {
+    return std::max(pixels * 4 / 5, 1);
+}
+
 /// Lines end with a carriage return, a line feed or both in what the game shows.
 std::string WithLineFeeds(const std::string& text) {
     std::string lines;
@@ -88,9 +93,7 @@ struct DesktopWindow::Impl {
     bool lost = false;      ///< another program has destroyed the window
     Uint32 focused_at = 0;  ///< time of the last focus, as of key events
     WindowPainter painter;
-    bool unpainted = false;   ///< there are lines to paint
-    Uint64 unseen_since = 0;  ///< time of the first of them
-    Uint64 busy_at = 0;       ///< time of the last key or line
+    PaintSchedule schedule;
     std::function<void(bool)> tell_focus;
 
     ~Impl() {
@@ -105,18 +108,16 @@ struct DesktopWindow::Impl {
         } else {
             painter.PaintMessage(window, shown_text);
         }
-        unpainted = false;
+        schedule.Painted();
     }
 
-    /// Paints the lines that are due; for how many milliseconds they have yet to wait. A key that
-    /// comes while they are painted is kept waiting, so that is not done between quick keys.
+    /// Paints the lines that are due; for how many milliseconds they have yet to wait.
     Uint64 PaintDueLines() {
-        if (!unpainted || (SDL_GetWindowFlags(window) & SDL_WINDOW_SHOWN) == 0) return 0;
-        const Uint64 now = SDL_GetTicks64();
-        const Uint64 due = std::min(busy_at + painting_pause, unseen_since + longest_unseen);
-        if (now < due) return due - now;
-        Paint();
-        return 0;
+        const bool shown = (SDL_GetWindowFlags(window) & SDL_WINDOW_SHOWN) != 0;
+        if (!schedule.Unpainted() || !shown) return 0;
+        const Uint64 wait = schedule.Wait(SDL_GetTicks64());
+        if (wait == 0) Paint();
+        return wait;
     }
 
     /// Waits for any event at most `seconds`, and takes none.
@@ -175,23 +176,26 @@ struct DesktopWindow::Impl {
         return std::nullopt;
     }
 
-    /// Whether one of the queued keys closes a message box; takes them all up to that one. A key
+    enum class Answer { none, again, close };
+
+    /// What the queued keys answer to a message box; takes them all up to one that closes it. A key
     /// still held down from before the box is no answer.
-    bool Answered() {
+    Answer TakeAnswer() {
         TakeIn();
+        Answer answer = Answer::none;
         while (const auto key = NextKey()) {
-            if (!key->repeated && keys::ClosesMessage(key->code)) {
-                return true;
-            }
+            if (key->repeated) continue;
+            if (keys::ClosesMessage(key->code)) return Answer::close;
+            answer = Answer::again;
         }
-        return false;
+        return answer;
     }
 
     bool DeliverKeys(KeyListener& listener) {
         bool any = false;
         while (const auto key = NextKey()) {
             any = true;
-            busy_at = SDL_GetTicks64();
+            schedule.KeyPressed(SDL_GetTicks64());
             listener.Form_KeyDown(key->code, key->modifiers);
         }
         return any;
@@ -222,8 +226,11 @@ std::unique_ptr<DesktopWindow> DesktopWindow::Open(std::string& why_not) {
     for (const Uint32 type : unwanted_events) SDL_EventState(type, SDL_IGNORE);
     // An input method would swallow letters, and keep the others back.
     SDL_StopTextInput();
+    SDL_Rect screen = usual_screen;
+    if (SDL_GetDisplayUsableBounds(0, &screen) != 0) screen = usual_screen;
     impl->window = SDL_CreateWindow(default_caption, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-                                    800, 450, SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
+                                    FourFifths(screen.w), FourFifths(screen.h),
+                                    SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
     if (impl->window == nullptr) {
         why_not = std::string("no window can be opened: ") + SDL_GetError();
         return nullptr;
@@ -264,9 +271,7 @@ void DesktopWindow::Pump() {
 
 void DesktopWindow::ShowLine(const std::string& line) {
     impl_->painter.AddLine(line);
-    impl_->busy_at = SDL_GetTicks64();
-    if (!impl_->unpainted) impl_->unseen_since = impl_->busy_at;
-    impl_->unpainted = true;
+    impl_->schedule.LineAdded(SDL_GetTicks64());
 }
 
 void DesktopWindow::Press(int code) {
@@ -284,7 +289,7 @@ void DesktopWindow::OnFocus(std::function<void(bool focused)> tell) {
     impl_->tell_focus = std::move(tell);
 }
 
-void DesktopWindow::MessageBox(const std::string& text) {
+void DesktopWindow::MessageBox(const std::string& text, const std::function<void()>& say) {
     if ((SDL_GetWindowFlags(impl_->window) & SDL_WINDOW_SHOWN) == 0) ShowWindow(default_caption);
     impl_->shown_text = WithLineFeeds(text);
     impl_->Paint();
@@ -292,7 +297,15 @@ void DesktopWindow::MessageBox(const std::string& text) {
     SDL_FlushEvent(SDL_KEYDOWN);
     SDL_FlushEvent(SDL_USEREVENT);
     std::fprintf(stderr, "%s\n", impl_->shown_text.c_str());
-    while (!impl_->Answered()) impl_->Sleep(until_event);
+    auto answer = Impl::Answer::again;
+    while (answer != Impl::Answer::close) {
+        if (answer == Impl::Answer::none) {
+            impl_->Sleep(until_event);
+        } else if (say) {
+            say();
+        }
+        answer = impl_->TakeAnswer();
+    }
     impl_->shown_text.clear();
     impl_->Paint();
 }

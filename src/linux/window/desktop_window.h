@@ -44,8 +44,9 @@ class DesktopWindow : public Events {
     void OnFocus(std::function<void(bool focused)> tell);
 
     /// Shows the text in the window and on standard error until the player presses Enter, Space or
-    /// Escape. Keys pressed before it appears do not close it.
-    void MessageBox(const std::string& text);
+    /// Escape. Keys pressed before it appears do not close it. `say` speaks the text without
+    /// waiting for its end: it is called once, and again for any other key.
+    void MessageBox(const std::string& text, const std::function<void()>& say = {});
 
     /// What is still done when the display has gone, before that ends the process: no call of the
     /// window's is possible any more, and no exception. An empty function for nothing.

@@ -1,7 +1,10 @@
 #include "linux/window/end_signals.h"
 
+#include <unistd.h>
+
 #include <array>
 #include <atomic>
+#include <csignal>
 #include <cstdint>
 #include <ctime>
 
@@ -12,17 +15,33 @@ constexpr std::array end_signals = {SIGINT, SIGTERM, SIGHUP};
 
 constexpr std::int64_t echo_time = 1'000'000'000;  // ns
 
+constexpr unsigned longest_end = 5;  // s; a queue of many thousands of keys may take longer
+
+volatile std::sig_atomic_t first_signal = 0;
 std::atomic<std::int64_t> first_arrival = 0;  // on the steady clock; 0 before it
 static_assert(std::atomic<std::int64_t>::is_always_lock_free, "a signal handler must not wait");
+
+void Kill(int signal) {
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);  // once the handler has returned
+}
 
 void Note(int signal) {
     timespec time = {};
     clock_gettime(CLOCK_MONOTONIC, &time);
     const std::int64_t now = time.tv_sec * INT64_C(1'000'000'000) + time.tv_nsec;
     std::int64_t none = 0;
-    if (first_arrival.compare_exchange_strong(none, now) || now - none < echo_time) return;
-    std::signal(signal, SIG_DFL);
-    std::raise(signal);  // once this handler has returned
+    if (first_arrival.compare_exchange_strong(none, now)) {
+        first_signal = signal;
+        ::alarm(longest_end);
+        return;
+    }
+    if (now - none >= echo_time) Kill(signal);
+}
+
+/// An alarm that others have set kills as ever.
+void NoteAlarm(int signal) {
+    Kill(first_arrival.load() != 0 ? first_signal : signal);
 }
 
 }  // namespace
@@ -30,6 +49,11 @@ void Note(int signal) {
 EndSignals::EndSignals() {
     first_arrival.store(0);
     caught_.emplace(end_signals, Note);
+    alarm_.emplace(std::array{SIGALRM}, NoteAlarm);
+}
+
+EndSignals::~EndSignals() {
+    if (Arrived()) ::alarm(0);
 }
 
 bool EndSignals::Arrived() const {
