@@ -11,6 +11,7 @@
 #include "linux/system/programs.h"
 #include "linux/system/system_desktop.h"
 #include "linux/system/watched_run.h"
+#include "services/thread.h"
 #include "temporary_folder.h"
 
 namespace tamlo {
@@ -84,14 +85,38 @@ TEST(WatchedRunTest, TellsHowTheProgramEnded) {
     using std::chrono::seconds;
     const auto sleep = [] { return ::pause(); };
     const auto fail_aside = []() -> int {
-        std::thread([] { throw std::runtime_error("no room left"); }).join();
+        std::thread([] { throw std::runtime_error("no room in /home/me/letters"); }).join();
         return 0;
     };
     EXPECT_EQ(RunWatched([] { return 7; }).status, 7);
     EXPECT_EQ(RunWatched(sleep, seconds(0)).signal, SIGKILL);
     const RunEnd fault = RunWatched(fail_aside);
     EXPECT_EQ(fault.signal, SIGABRT);
-    EXPECT_EQ(fault.notes.substr(0, fault.notes.find('\n')), "no room left");
+    EXPECT_EQ(fault.notes.substr(0, fault.notes.find('\n')), "St13runtime_error: no room in ");
+}
+
+[[gnu::noinline]] int FillTheStack(volatile char* before, unsigned depth) {
+    volatile char room[4096];
+    room[0] = before[0];
+    return depth == 0 ? 0 : FillTheStack(room, depth - 1) + room[0];
+}
+
+// A thread of the voice, the card or the braille display, and one whose stack is full.
+TEST(WatchedRunTest, TellsWhereAThreadWasWhenItFailed) {
+    for (const auto& fail :
+         {std::function<void()>([] { ::raise(SIGSEGV); }), std::function<void()>([] {
+              char first = 0;
+              FillTheStack(&first, 1U << 30);
+          })}) {
+        const RunEnd fault = RunWatched(
+            [&] {
+                StartThread(fail).join();
+                return 0;
+            },
+            std::chrono::seconds(60));
+        EXPECT_EQ(fault.signal, SIGSEGV);
+        EXPECT_NE(fault.notes.find("linux_test("), std::string::npos) << fault.notes;
+    }
 }
 
 }  // namespace

@@ -8,6 +8,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <string>
+#include <string_view>
+#include <typeinfo>
+
+#include "linux/system/signal_stack.h"
 
 namespace tamlo {
 namespace {
@@ -32,12 +37,18 @@ void NoteFunctions(int signal) {
     ::raise(signal);
 }
 
+/// Its type, and its text as far as that can't name a file or quote anything of the player's.
+void NoteOf(const std::exception& failure) {
+    const std::string_view text = failure.what();
+    const std::string own(text.substr(0, text.find_first_of("/\\\"'[<`")));
+    Note((std::string(typeid(failure).name()) + ": " + own + "\n").c_str());
+}
+
 [[noreturn]] void NoteException() {
     try {
         if (std::current_exception()) throw;
     } catch (const std::exception& failure) {
-        Note(failure.what());
-        Note("\n");
+        NoteOf(failure);
     } catch (...) {
         Note("An exception of an unknown kind.\n");
     }
@@ -48,6 +59,7 @@ void NoteFunctions(int signal) {
 
 void LeaveCrashNotesIn(int descriptor) {
     notes = descriptor;
+    UseSignalStack();
     void* unused[1];
     ::backtrace(unused, 1);  // loads what the handler needs
     std::set_terminate(NoteException);
@@ -56,7 +68,7 @@ void LeaveCrashNotesIn(int descriptor) {
         ::sigaction(signal, nullptr, &action);
         if (action.sa_handler != SIG_DFL) continue;
         action.sa_handler = NoteFunctions;
-        action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER);
+        action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER | SA_ONSTACK);
         ::sigaction(signal, &action, nullptr);
     }
 }

@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include "linux/system/signal_stack.h"
+
 namespace tamlo {
 namespace {
 
@@ -38,7 +40,10 @@ class SignalsBlocked {
 std::thread StartThread(std::function<void()> body) {
     const SignalsBlocked blocked;
     try {
-        return std::thread(std::move(body));
+        return std::thread([run = std::move(body)] {
+            UseSignalStack();
+            run();
+        });
     } catch (const std::system_error&) {
         return {};
     }
