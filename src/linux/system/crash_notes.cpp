@@ -30,6 +30,7 @@ void Note(const char* text) {
 
 // May use nothing but plain memory and system calls, and what has been loaded before.
 void NoteFunctions(int signal) {
+    ::signal(SIGALRM, SIG_DFL);  // it may be ignored
     ::alarm(longest_search);
     void* functions[most_functions];
     ::backtrace_symbols_fd(functions, ::backtrace(functions, most_functions), notes);

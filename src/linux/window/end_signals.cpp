@@ -39,9 +39,9 @@ void Note(int signal) {
     if (now - none >= echo_time) Kill(signal);
 }
 
-/// An alarm that others have set kills as ever.
-void NoteAlarm(int signal) {
-    Kill(first_arrival.load() != 0 ? first_signal : signal);
+/// Another alarm means nothing: see IgnoreStraySignals.
+void NoteAlarm(int) {
+    if (first_arrival.load() != 0) Kill(first_signal);
 }
 
 }  // namespace
@@ -49,11 +49,13 @@ void NoteAlarm(int signal) {
 EndSignals::EndSignals() {
     first_arrival.store(0);
     caught_.emplace(end_signals, Note);
-    alarm_.emplace(std::array{SIGALRM}, NoteAlarm);
+    ::sigaction(SIGALRM, nullptr, &alarm_before_);
+    CaughtSignals::Treat(SIGALRM, NoteAlarm);  // it may be ignored
 }
 
 EndSignals::~EndSignals() {
     if (Arrived()) ::alarm(0);
+    ::sigaction(SIGALRM, &alarm_before_, nullptr);
 }
 
 bool EndSignals::Arrived() const {

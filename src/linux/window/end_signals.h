@@ -25,7 +25,7 @@ class EndSignals {
 
   private:
     std::optional<CaughtSignals> caught_;
-    std::optional<CaughtSignals> alarm_;
+    struct sigaction alarm_before_ = {};
 };
 
 }  // namespace tamlo
