@@ -1,6 +1,7 @@
 """Voices that break down under the game: what is heard then, and what the doctor says of it."""
 
 import os
+import shutil
 import signal
 import sys
 import time
@@ -33,12 +34,12 @@ class Voices(Case):
         with open(os.path.join(libraries, "libflite.so.1"), "wb"):
             return {"LD_LIBRARY_PATH": libraries}
 
-    def in_window(self, **further):
+    def in_window(self, game=GAME, **further):
         display, sound = self.own(Display()), self.own(SoundServer(self.folder))
-        game = self.own(Program([GAME], self.folder, cwd=os.path.dirname(GAME), environment={
+        running = self.own(Program([game], self.folder, cwd=os.path.dirname(game), environment={
             **display.environment, **sound.environment, **further}))
         display.await_window()
-        return display, sound, game
+        return display, sound, running
 
     def to_the_menu(self, display, sound):
         wait_until(lambda: sound.heard(time.monotonic() - 0.1), "the title")
@@ -76,6 +77,22 @@ class Voices(Case):
         told = game.line("has broken down")
         self.heard(sound, told + 0.5)
         self.assertEqual(game.ended(), 128 + signal.SIGSEGV)
+
+    def test_a_message_box_is_spoken(self):
+        game = os.path.join(self.folder, "game")
+        os.mkdir(game)
+        for name in os.listdir(os.path.dirname(GAME)):
+            if name.endswith(".wav") and name != "tamlo13.wav":
+                os.symlink(os.path.join(os.path.dirname(GAME), name), os.path.join(game, name))
+        shutil.copy(GAME, game)
+        display, sound, program = self.in_window(os.path.join(game, "tamlo"))
+        self.heard(sound, program.line("seem to be corrupt"))
+        wait_until(lambda: sound.silent_for(1), "the end of the text")
+        self.heard(sound, display.press("x"))
+        wait_until(lambda: sound.silent_for(1), "the end of the text")
+        self.assertIsNone(program.process.poll(), "it waits")
+        display.press("Return")
+        program.ended()
 
 
 if __name__ == "__main__":
