@@ -1,4 +1,6 @@
 // The start-up check of the wave files: are they the ones that the game was made with?
+#include "sound/wave_check.h"
+
 #include <utility>
 
 #include "game/form1.h"
@@ -7,11 +9,10 @@
 #include "sound/text_fields.h"
 
 namespace tamlo {
-namespace {
 
 // Looks in the current directory, not in the program's folder: the start script makes them the
 // same.
-bool Matches(Files& files, const std::string& folder, const Effect& effect) {
+bool IsUnaltered(Files& files, const std::string& folder, const Effect& effect) {
     const std::string path = folder + "/" + std::string(effect.name) + ".wav";
     const auto length = files.Length(path);
     if (!length || std::cmp_not_equal(*length, effect.text.size)) return false;
@@ -22,12 +23,10 @@ bool Matches(Files& files, const std::string& folder, const Effect& effect) {
            std::cmp_equal(fields.last_length, effect.text.last);
 }
 
-}  // namespace
-
 void Form1::checkwave() {
     const std::string folder = platform.files.CurrentDirectory();
     for (const Effect* effect : CheckedEffects()) {
-        if (!Matches(platform.files, folder, *effect)) {
+        if (!IsUnaltered(platform.files, folder, *effect)) {
             gs.wcv = 1;
             return;
         }

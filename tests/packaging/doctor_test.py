@@ -6,6 +6,9 @@ import sys
 import tempfile
 import unittest
 
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "end_to_end"))
+import damaged_voices  # noqa: E402
+
 BUILD = pathlib.Path(sys.argv[2])
 NO_SOUND = {"PULSE_SERVER": "unix:/nonexistent", "PIPEWIRE_REMOTE": "nonexistent",
             "ALSA_CONFIG_PATH": "/dev/null"}
@@ -33,6 +36,19 @@ class Doctor(unittest.TestCase):
                 self.assertIn(words, report.read_text())
             self.assertNotIn(folder, report.read_text())
             self.assertEqual([file.name for file in files.iterdir()], ["tamlo.cfg"])
+
+    def test_names_damaged_voices(self):
+        source = damaged_voices.data_folder()
+        if source is None:
+            self.skipTest("the voice data are not installed")
+        with tempfile.TemporaryDirectory(prefix="tamlo-doctor-") as folder:
+            damaged_voices.copy_with(source, folder, "phontab", b"")
+            damaged_voices.settings(folder)
+            done = subprocess.run([BUILD / "tools/tamlo-doctor"], stdin=subprocess.DEVNULL,
+                                  cwd="/", capture_output=True, text=True, timeout=200,
+                                  env={"HOME": folder, "ESPEAK_DATA_PATH": folder, **NO_SOUND})
+            self.assertEqual(done.returncode, 1, done)
+            self.assertIn("Install the package espeak-ng-data again.", done.stdout)
 
 
 if __name__ == "__main__":

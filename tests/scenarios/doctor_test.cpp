@@ -94,18 +94,39 @@ TEST(Doctor, TellsWhatIsWrong) {
     Check check;
     check.around.answers = false;
     check.around.reports = "";
-    check.around.readers = {{"Orca", "Press Insert and S.", true}, {"BRLTTY", "Welcome.", false}};
+    check.around.readers = {{"Orca", "43.1", "Press Insert and S.", true},
+                            {"BRLTTY", "", "Welcome.", false}};
     check.sound = {"", 256, 0, false, 0};
     const TemporaryFolder empty;
     check.game.current_directory = empty.Path();
     const auto run = check.Run("voices 0\n");
-    EXPECT_TRUE(run.Heard("No voice is installed."));
+    EXPECT_TRUE(run.Heard("No voice is installed, or its data are damaged."));
     EXPECT_TRUE(run.Heard("Sound files are missing: tamlo1 tamlo2 "));
     EXPECT_TRUE(run.Heard("No sound card answers"));
-    EXPECT_TRUE(run.Heard("Orca is running. Press Insert and S."));
+    EXPECT_TRUE(run.Heard("Orca, version 43.1, is running. Press Insert and S."));
     EXPECT_TRUE(
         run.Heard("something has to be mended: the voices, the sound files, the sound card."));
     EXPECT_TRUE(run.Heard("is the file " + check.game.documents / "tolvane/doctor.txt"));
+    EXPECT_EQ(check.status, 1);
+}
+
+TEST(Doctor, NamesBrokenVoicesAFullDiskAndAlteredSounds) {
+    Check check;
+    check.around.answers = false;
+    check.around.voice_faults = [] {
+        return std::vector<VoiceFault>{{"espeak-ng", false, "espeak-ng-data"}};
+    };
+    check.around.disk_is_full = [](const std::string&) { return true; };
+    check.game.documents.Write("tolvane/tamlo-doctor.tmp/in the way", "");
+    const TemporaryFolder sounds;
+    sounds.Write("tamlo9.wav", "no bell");
+    check.game.current_directory = sounds.Path();
+    const auto run = check.Run("");
+    EXPECT_TRUE(run.Heard("The voices of espeak-ng break down"));
+    EXPECT_TRUE(run.Heard("Install the package espeak-ng-data again."));
+    EXPECT_TRUE(run.Heard("can not be written: the disk is full."));
+    EXPECT_TRUE(run.Heard("Sound files are altered: tamlo9. "));
+    EXPECT_TRUE(run.Heard("mended: the voices of espeak-ng, your files, the sound files."));
     EXPECT_EQ(check.status, 1);
 }
 
@@ -131,14 +152,20 @@ TEST(Doctor, KnowsScreenReadersByTheirProcesses) {
     proc.Write("77/comm", "orca\n");
     proc.Write("self/comm", "brltty\n");
     proc.Write("modules", "speakup_soft 16384 1 - Live 0x0\nspeakup 131072 2 - Live 0x0\n");
-    const auto readers = ScreenReaders(proc.Path(), false);
+    proc.Write("status", "Package: other\nVersion: 1\n\nPackage: orca\nVersion: 1:43.1-1+b1\n\n");
+    const auto readers = ScreenReaders(proc.Path(), proc.Path() + "/status", false);
     ASSERT_EQ(readers.size(), 2u);
     EXPECT_EQ(readers[0].name, "Orca");
+    EXPECT_EQ(readers[0].version, "43.1");
+    EXPECT_NE(readers[0].advice.find("Before you start the game"), std::string::npos);
     EXPECT_EQ(readers[1].name, "Speakup");
+    proc.Write("status", "Package: orca\nStatus: ok\nVersion: 47.0-1\n");
+    EXPECT_NE(ScreenReaders(proc.Path(), proc.Path() + "/status", false)[0].advice.find("sleep"),
+              std::string::npos);
     proc.Write("78/comm", "brltty\n");
-    EXPECT_TRUE(ScreenReaders(proc.Path(), false).back().asks_for_care);
-    EXPECT_FALSE(ScreenReaders(proc.Path(), true).back().asks_for_care);
-    EXPECT_TRUE(ScreenReaders(proc.Path() + "/nowhere", true).empty());
+    EXPECT_TRUE(ScreenReaders(proc.Path(), proc.Path() + "/status", false).back().asks_for_care);
+    EXPECT_FALSE(ScreenReaders(proc.Path(), proc.Path() + "/status", true).back().asks_for_care);
+    EXPECT_TRUE(ScreenReaders(proc.Path() + "/nowhere", "", true).empty());
 }
 
 }  // namespace

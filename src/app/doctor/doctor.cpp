@@ -16,6 +16,7 @@
 #include "services/sound.h"
 #include "services/speech.h"
 #include "sound/effects.h"
+#include "sound/wave_check.h"
 #include "speech/menus.h"
 
 namespace tamlo {
@@ -50,6 +51,7 @@ class Doctor {
 
     std::string VoiceNumber(int voice) const;
     void LookAtVoices();
+    void LookAtVoiceFaults();
     void LookAtFolder();
     void LookAtSounds();
     void LookAtReaders();
@@ -108,6 +110,7 @@ void Doctor::Examine() {
     Tell("Speech and sound check of Tamlo Delivery.");
     leaving_ = Escaped();
     LookAtVoices();
+    LookAtVoiceFaults();
     LookAtFolder();
     LookAtSounds();
     LookAtReaders();
@@ -126,7 +129,8 @@ void Doctor::LookAtVoices() {
     const GameState& gs = form_.gs;
     if (gs.nov == 0) {
         return Add({"the voices", Weight::fault,
-                    "No voice is installed. Install the package espeak-ng-data."});
+                    "No voice is installed, or its data are damaged. Install the packages "
+                    "libespeak-ng1 and espeak-ng-data, or install them again."});
     }
     report_.Note("Voices", std::to_string(gs.nov));
     report_.Note("Voice", VoiceNumber(gs.nv));
@@ -135,6 +139,27 @@ void Doctor::LookAtVoices() {
     Add({"the voices", Weight::fine,
          std::to_string(gs.nov) + " voices are installed. You hear number " + VoiceNumber(gs.nv) +
              "."});
+}
+
+/// Some break down only when they speak, so this is asked again at the end.
+void Doctor::LookAtVoiceFaults() {
+    for (const VoiceFault& fault : around_.voice_faults()) {
+        const std::string topic = "the voices of " + fault.family;
+        if (report_.Knows(topic) || (fault.missing && form_.gs.nov == 0)) continue;
+        if (fault.missing) {
+            Add({topic, Weight::hint,
+                 "The voices of " + fault.family +
+                     " are not there, or their data are damaged. "
+                     "Install the package " +
+                     fault.package + ", or install it again."});
+            continue;
+        }
+        Add({topic, Weight::fault,
+             "The voices of " + fault.family +
+                 " break down, so another voice or two tones are "
+                 "heard in their place. Their data may be damaged. Install the package " +
+                 fault.package + " again."});
+    }
 }
 
 void Doctor::LookAtFolder() {
@@ -147,8 +172,11 @@ void Doctor::LookAtFolder() {
     }
     const std::string place = "Your files are in the folder " + form_.gs.datapath;
     if (written) return Add({"your files", Weight::fine, place + ", and can be written."});
+    const bool full = around_.disk_is_full(form_.gs.datapath);
     Add({"your files", Weight::fault,
-         place + ", which can not be written. You can play, but nothing is kept."});
+         place + ", which can not be written" +
+             (full ? ": the disk is full. Delete something" : "") +
+             ". You can play, but nothing is kept."});
 }
 
 void Doctor::LookAtSounds() {
@@ -163,14 +191,20 @@ void Doctor::LookAtSounds() {
     form_.gs.wcv = 0;
     form_.checkwave();
     sounds_complete_ = missing.empty() && form_.gs.wcv == 0;
+    std::string altered;
+    for (const Effect* effect : CheckedEffects()) {
+        const std::string name(effect->name);
+        const bool there = files.Length(folder + "/" + name + ".wav").value_or(0) > 0;
+        if (there && !IsUnaltered(files, folder, *effect)) altered += " " + name;
+    }
     const std::string all = std::to_string(Effects().size());
     if (sounds_complete_) {
         return Add({"the sound files", Weight::fine, "All " + all + " sound files are in order."});
     }
     Add({"the sound files", Weight::fault,
-         (missing.empty() ? "Sound files are damaged."
-                          : "Sound files are missing:" + missing + ".") +
-             " Install the package tamlo-delivery-data again."});
+         (missing.empty() ? "" : "Sound files are missing:" + missing + ". ") +
+             (altered.empty() ? "" : "Sound files are altered:" + altered + ". ") +
+             "Install the package tamlo-delivery-data again."});
 }
 
 void Doctor::LookAtReaders() {
@@ -179,7 +213,8 @@ void Doctor::LookAtReaders() {
     }
     for (const ScreenReader& reader : around_.readers) {
         Add({reader.name, reader.asks_for_care ? Weight::hint : Weight::fine,
-             reader.name + " is running. " + reader.advice});
+             reader.name + (reader.version.empty() ? "" : ", version " + reader.version + ",") +
+                 " is running. " + reader.advice});
     }
 }
 
@@ -318,6 +353,7 @@ void Doctor::Save() {
 }
 
 void Doctor::Conclude() {
+    LookAtVoiceFaults();
     Save();
     Tell(report_.Verdict());
     Tell(written_.path.empty()

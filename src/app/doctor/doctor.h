@@ -23,12 +23,25 @@ struct SoundState {
     std::int64_t played = 0;  ///< frames since the start
 };
 
+/// What is wrong with a family of voices.
+struct VoiceFault {
+    std::string family;    ///< name of its library
+    bool missing = false;  ///< nothing was found; else it breaks down
+    std::string package;   ///< to be installed, again if it breaks down
+};
+
 /// What the check uses besides the game's own services.
 struct Surroundings {
     std::string front;    ///< what the game runs in, such as "a window"
     bool answers = true;  ///< whether somebody can press keys
     std::function<SoundState()> sound;
     std::vector<std::string> voices;  ///< names by number
+    /// Those found so far.
+    std::function<std::vector<VoiceFault>()> voice_faults = [] {
+        return std::vector<VoiceFault>();
+    };
+    /// Whether a folder can't be written because its disk is full.
+    std::function<bool(const std::string& folder)> disk_is_full = [](auto&) { return false; };
     std::vector<std::pair<std::string, std::string>> facts;
     std::vector<ScreenReader> readers;
     std::string reports;  ///< folder for the report, or empty

@@ -38,6 +38,11 @@ void DoctorReport::Add(const Finding& finding) {
     Put(findings_, finding, &Finding::topic);
 }
 
+bool DoctorReport::Knows(const std::string& topic) const {
+    return std::any_of(findings_.begin(), findings_.end(),
+                       [&](const Finding& finding) { return finding.topic == topic; });
+}
+
 void DoctorReport::Note(const std::string& name, const std::string& value) {
     // Names of files may hold anything, and the report is printed.
     Put(notes_, {PrintableLine(name), PrintableLine(value)},

@@ -22,6 +22,8 @@ class DoctorReport {
   public:
     /// Replaces an earlier finding on the same topic.
     void Add(const Finding& finding);
+    /// Whether there is a finding on a topic.
+    bool Knows(const std::string& topic) const;
     /// Adds a line to the file that is not spoken.
     void Note(const std::string& name, const std::string& value);
 

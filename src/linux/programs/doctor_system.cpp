@@ -21,8 +21,17 @@ struct KnownReader {
 };
 
 constexpr const char* sleep_or_silence =
-    "Let it be silent while you play. Before version 46, Insert and S switches its speech off and "
-    "on. From version 46 on, Control, Alt, Shift and Q in the window of the game lets it sleep.";
+    "Let it be silent while you play. Before version 46, press Insert and S before you start the "
+    "game: in its window the keys may not reach Orca. From version 46 on, Control, Alt, Shift and "
+    "Q "
+    "in the window of the game lets it sleep.";
+constexpr const char* silence_before =
+    "Before you start the game, press Insert and S, which switches Orca's speech off and on: in "
+    "the "
+    "window of the game the keys may not reach it. To edit a city, switch it on again.";
+constexpr const char* sleep =
+    "In the window of the game, press Control, Alt, Shift and Q, which lets Orca sleep there.";
+constexpr int first_with_sleep = 46;
 constexpr const char* silence = "Switch its speech off while you play.";
 constexpr const char* welcome = "The game shows its lines on your braille display.";
 constexpr const char* library_missing =
@@ -88,6 +97,27 @@ std::string Kernel() {
     return std::string(system.sysname) + " " + system.release + " " + system.machine;
 }
 
+/// The version of an installed package, without what its packager added; empty if it is unknown.
+std::string VersionOf(const std::string& package, const fs::path& packages) {
+    std::ifstream in(packages);
+    bool found = false;
+    for (std::string line; std::getline(in, line);) {
+        if (line.empty()) found = false;
+        if (line == "Package: " + package) found = true;
+        constexpr std::string_view key = "Version: ";
+        if (!found || !line.starts_with(key)) continue;
+        const std::size_t epoch = line.find(':', key.size());
+        const std::size_t begin = epoch == line.npos ? key.size() : epoch + 1;
+        return line.substr(begin, line.find_first_of("-+~", begin) - begin);
+    }
+    return "";
+}
+
+const char* AdviceFor(const KnownReader& reader, const std::string& version) {
+    if (std::string_view(reader.process) != "orca" || version.empty()) return reader.advice;
+    return std::atoi(version.c_str()) < first_with_sleep ? silence_before : sleep;
+}
+
 }  // namespace
 
 std::vector<std::pair<std::string, std::string>> SystemFacts() {
@@ -101,15 +131,17 @@ std::vector<std::pair<std::string, std::string>> SystemFacts() {
     return facts;
 }
 
-std::vector<ScreenReader> ScreenReaders(const std::string& proc, bool braille) {
+std::vector<ScreenReader> ScreenReaders(const std::string& proc, const std::string& packages,
+                                        bool braille) {
     const std::set<std::string> running = Running(proc);
     std::vector<ScreenReader> readers;
     for (const KnownReader& known : known_readers) {
         const bool told = !readers.empty() && readers.back().name == known.name;
         if (told || !running.contains(known.process)) continue;
         const bool lost = known.braille_only && !braille;
-        readers.push_back(
-            {known.name, lost ? library_missing : known.advice, lost || !known.braille_only});
+        const std::string version = VersionOf(known.process, packages);
+        readers.push_back({known.name, version, lost ? library_missing : AdviceFor(known, version),
+                           lost || !known.braille_only});
     }
     return readers;
 }

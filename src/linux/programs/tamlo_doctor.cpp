@@ -1,4 +1,5 @@
 // tamlo-doctor: checks speech and sound, and writes a report.
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -11,6 +12,7 @@
 #include "linux/programs/machine.h"
 #include "linux/sound/sound_output.h"
 #include "linux/system/user_dirs.h"
+#include "linux/voice/installed_voices.h"
 #include "reading/braille_display.h"
 #include "services/end_of_process.h"
 
@@ -39,17 +41,37 @@ std::vector<std::string> VoiceNames() {
     return names;
 }
 
+std::vector<VoiceFault> VoiceFaults(const InstalledVoices& voices) {
+    using State = FamilyReport::State;
+    std::vector<VoiceFault> faults;
+    for (const FamilyReport& report : voices.Reports()) {
+        const bool first = report.name == "espeak-ng";
+        const bool broken = report.state >= State::crashed;
+        // The other family is a choice of the player's.
+        if (!broken && !(first && report.state == State::missing)) continue;
+        faults.push_back({report.name, !broken, first ? "espeak-ng-data" : "libflite1"});
+    }
+    return faults;
+}
+
+/// Less than a saved game needs.
+bool DiskIsFull(const std::string& folder) {
+    struct statvfs disk = {};
+    return ::statvfs(folder.c_str(), &disk) == 0 && disk.f_bavail * disk.f_frsize < 65536;
+}
+
 int Run() {
     const std::string sounds = SoundsFolder();
     // The game looks for its sounds in the current directory.
     if (::chdir(sounds.c_str()) != 0) std::perror(sounds.c_str());
-    Surroundings around{.front = {},
-                        .sound = {},
-                        .voices = VoiceNames(),
-                        .facts = SystemFacts(),
-                        .readers = ScreenReaders("/proc", BrailleLibraryInstalled()),
-                        .reports = StateFolder(),
-                        .home = HomeFolder()};
+    Surroundings around{
+        .front = {},
+        .sound = {},
+        .voices = VoiceNames(),
+        .facts = SystemFacts(),
+        .readers = ScreenReaders("/proc", "/var/lib/dpkg/status", BrailleLibraryInstalled()),
+        .reports = StateFolder(),
+        .home = HomeFolder()};
     WrittenReport report;
     const auto check = [&](Form1& form) {
         try {
@@ -64,6 +86,8 @@ int Run() {
     return RunOnThisMachine(sounds, check, [&](const FrontEndInfo& info) {
         around.front = NameOf(info.kind);
         around.answers = info.kind != FrontEndInfo::Kind::pipe;
+        around.voice_faults = [&voices = info.voices] { return VoiceFaults(voices); };
+        around.disk_is_full = DiskIsFull;
         around.sound = [&sound = info.sound] { return StateOf(sound); };
     });
 }
