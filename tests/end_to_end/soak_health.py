@@ -10,7 +10,8 @@ import time
 RATE = 48000
 SHORTEST_GAP, LONGEST_GAP = 0.005, 0.3  # seconds of nothing that are a drop-out
 # How much more there may be than at first.
-MORE_MEMORY = 4       # MB, beside the sounds, which are kept once they have been played
+MORE_MEMORY = 24      # MB, beside the sounds, which are kept as voices are once they were heard
+MORE_LATER = 6        # MB, from the middle of a long run to its end
 MORE_DESCRIPTORS = 4
 MORE_THREADS = 3      # a voice that stands still is left behind, three times
 MORE_DELAY = 0.1      # seconds
@@ -125,6 +126,17 @@ def grown(rows, what, most):
             return
 
 
+def still_growing(rows):
+    """In a long run, when all that is kept has mostly been heard."""
+    memory = [row["memory"] for row in rows if row["age"] >= SETTLED]
+    third = len(memory) // 3
+    if third < 4:
+        return
+    middle, last = statistics.mean(memory[third:-third]), statistics.mean(memory[-third:])
+    if last > middle + MORE_LATER:
+        yield f"memory still grew from {middle:.1f} to {last:.1f} late in one run"
+
+
 def worse(rows, what, most):
     """Whether the last third of the calm minutes is that much worse than the first, and not by
     a machine that is slower throughout."""
@@ -144,7 +156,9 @@ def judge(rows, sounds):
     wrong = []
     for what, most in bounds.items():
         for run in dict.fromkeys(row["run"] for row in rows):
-            wrong += grown([row for row in rows if row["run"] == run], what, most)
+            of_run = [row for row in rows if row["run"] == run]
+            wrong += grown(of_run, what, most)
+            wrong += still_growing(of_run) if what == "memory" else []
         # From run to run: of the same age, within those of a minute or two.
         young = [row for row in rows if SETTLED <= row["age"] < SETTLED + 2]
         if young and young[-1][what] > young[0][what] + most:

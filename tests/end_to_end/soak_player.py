@@ -87,6 +87,8 @@ class SoakPlayer(Reader):
             self.count("trips")
         elif "delete the saved game?" in line:
             self.answer_wanted = "yes"
+        elif "wish to use this voice" in line:
+            self.answer_wanted = "yes" if self.chance.random() < 0.3 else "no"
         elif "wish to exit the game?" in line:
             self.answer_wanted = "yes" if self.leaving == "lost" else "no"
         elif line == "game saved":
