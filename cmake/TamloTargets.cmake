@@ -27,6 +27,12 @@ option(TAMLO_WERROR "Treat warnings as errors, as ./test does" OFF)
 add_library(tamlo_options INTERFACE)
 target_compile_options(tamlo_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
     $<$<BOOL:${TAMLO_WERROR}>:-Werror>)
+# What Debian's packages are built with, for the build that is played and put into the archive as well.
+if(CMAKE_SYSTEM_NAME STREQUAL Linux AND CMAKE_BUILD_TYPE STREQUAL RelWithDebInfo AND NOT TAMLO_SANITIZE)
+    target_compile_options(tamlo_options INTERFACE -fstack-protector-strong -fstack-clash-protection
+        -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fPIE)
+    target_link_options(tamlo_options INTERFACE -pie -Wl,-z,relro,-z,now)
+endif()
 if(TAMLO_SANITIZE)
     target_compile_options(tamlo_options INTERFACE -fsanitize=${TAMLO_SANITIZE} -fno-omit-frame-pointer
         -fno-sanitize-recover=all)

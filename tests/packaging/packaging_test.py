@@ -45,6 +45,19 @@ class Arguments(unittest.TestCase):
                 self.assertIn("usage: " + tool, told)
 
 
+class Programs(unittest.TestCase):
+    def test_are_hardened(self):
+        for program in [BUILD / "game/tamlo", *(BUILD / "tools" / name for name in (
+                "tamlo-city", "tamlo-doctor", "tamlo-rehearse", "tamlo-sounds"))]:
+            with self.subTest(program=program.name):
+                told = run("readelf", "--wide", "--file-header", "--dynamic", "--segments",
+                           "--dyn-syms", program)
+                for sign in (r"DYN \(Pos", "BIND_NOW", "GNU_RELRO", "__stack_chk_fail"):
+                    self.assertRegex(told, sign)
+                if program.name == "tamlo":
+                    self.assertRegex(told, r"__\w+_chk@")  # fortified calls
+
+
 class MenuEntry(unittest.TestCase):
     def test_is_valid(self):
         self.assertEqual(run("desktop-file-validate", ENTRY), "")
