@@ -7,8 +7,10 @@
 namespace tamlo {
 namespace {
 
-constexpr float threshold = 0.89125F;  // -1 dBFS
-constexpr float ceiling = 0.998F;      // room for the rounding of an output to 16 bits
+constexpr float threshold = 0.70795F;  // -3 dBFS
+// -1.5 dBFS: between samples the wave rises higher, and a device that turns it into another rate
+// must not clip.
+constexpr float ceiling = 0.84140F;
 // A peak is forgotten at 20 dB in about 0.2 s: slow enough not to follow a bass wave, quick
 // enough that the voice is itself again by the next syllable.
 constexpr float recovery = 0.99976F;

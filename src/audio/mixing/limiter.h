@@ -3,8 +3,8 @@
 
 namespace tamlo {
 
-/// A peak limiter for both ears together. As long as nothing exceeds -1 dBFS it changes nothing at
-/// all; a peak above is bent softly below full scale, and what follows is turned down as much for
+/// A peak limiter for both ears together. As long as nothing exceeds -3 dBFS it changes nothing at
+/// all; a peak above is bent softly below -1.5 dBFS, and what follows is turned down as much for
 /// a moment, so that loud passages are quieter rather than distorted.
 class Limiter {
   public:
