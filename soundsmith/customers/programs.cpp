@@ -39,7 +39,7 @@ std::vector<char*> Pointers(std::vector<std::string>& words) {
 
 /// Starts the command under `timeout`, so that a program that hangs doesn't stop the build.
 pid_t Start(const std::vector<std::string>& command, const ScratchFolder& scratch, int output) {
-    std::vector<std::string> words{"timeout", "20"};
+    std::vector<std::string> words{"timeout", "120"};
     words.insert(words.end(), command.begin(), command.end());
     const char* path = std::getenv("PATH");
     std::vector<std::string> settings{std::string("PATH=") + (path ? path : "/usr/bin:/bin"),

@@ -23,7 +23,7 @@ class ScratchFolder {
 
 /// Runs `command` with `scratch` as its home, so that no settings of the user change the sound, and
 /// returns its standard output. The first word is looked for in PATH unless it has a "/". Throws
-/// std::runtime_error when it fails or takes longer than 20 seconds.
+/// std::runtime_error when it fails or takes longer than two minutes.
 std::string RunProgram(const std::vector<std::string>& command, const ScratchFolder& scratch);
 
 }  // namespace tamlo::soundsmith

@@ -12,7 +12,7 @@ namespace tamlo::soundsmith {
 /// silence around it. Words are UTF-8 and spelled for the speaker's language. Every engine and
 /// every change runs in a new process: an engine that has spoken before says the same words a
 /// little differently, and the same build shall give the same bytes. Throws std::runtime_error when
-/// a program fails or takes longer than 20 seconds.
+/// a program fails or takes longer than two minutes.
 Sound Speak(const Customer& customer, std::string_view words = {});
 
 /// The same without the silence, with the customer's breath and age, in the doorway or through the
