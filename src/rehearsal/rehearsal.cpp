@@ -186,6 +186,10 @@ void Rehearsal::ContinueWith(std::function<std::vector<Step>()> more) {
     impl_->stage.ContinueWith(std::move(more));
 }
 
+void Rehearsal::SpeakFor(std::function<Ticks(std::string_view text)> length) {
+    impl_->speech.SpeakFor(std::move(length));
+}
+
 RehearsalResult Rehearsal::Run(const std::function<void()>& game, FieldAccess fields) {
     impl_->fields = std::move(fields);
     Stage& stage = impl_->stage;

@@ -10,6 +10,7 @@
 #include "rehearsal/prompter.h"
 #include "rehearsal/script.h"
 #include "rehearsal/trace.h"
+#include "rehearsal/virtual_time.h"
 #include "services/files.h"
 #include "services/platform.h"
 
@@ -41,6 +42,10 @@ class Rehearsal {
     /// Continues the rehearsal after its script: each time the game is at rest after the last step,
     /// `more` returns further steps, or none to end the rehearsal.
     void ContinueWith(std::function<std::vector<Step>()> more);
+
+    /// An utterance lasts as long as `length` says instead of a fixed time for each character; for
+    /// a platform that has a voice. Asked once for each, when the game gives it.
+    void SpeakFor(std::function<Ticks(std::string_view text)> length);
 
     /// Runs the game, which was made before, to its end or that of the script. The game's objects
     /// must outlive this call, so that their release writes no lines. Call it once.

@@ -11,6 +11,10 @@ namespace {
 
 constexpr Ticks ticks_per_character = 5;
 
+Ticks UsualLength(std::string_view text) {
+    return static_cast<Ticks>(CountCharacters(text)) * ticks_per_character;
+}
+
 }  // namespace
 
 class RehearsedEngine final : public SpeechEngine {
@@ -31,9 +35,7 @@ class RehearsedEngine final : public SpeechEngine {
             return;
         }
         const bool wait = flags == SpeakFlags::wait;
-        const Ticks length = speech_.voices_ > 0
-                                 ? static_cast<Ticks>(CountCharacters(text)) * ticks_per_character
-                                 : 0;
+        const Ticks length = speech_.voices_ > 0 ? speech_.length_(text) : 0;
         TheStage().Write(wait ? "say" : "say2", Quoted(text));
         TheStage().Speak(text, length, wait);
     }
@@ -71,6 +73,9 @@ class RehearsedEngine final : public SpeechEngine {
 
     RehearsedSpeech& speech_;
 };
+
+RehearsedSpeech::RehearsedSpeech(Stage& stage, int voices)
+    : stage_(stage), voices_(voices), length_(UsualLength) {}
 
 std::unique_ptr<SpeechEngine> RehearsedSpeech::CreateEngine() {
     stage_.Hush();
