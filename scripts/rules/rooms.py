@@ -25,7 +25,7 @@ ROOMS = {
     "audio/output": (BELOW + ("audio/mixing",), "from the mixer to a device"),
     "reading": (BELOW, "captions and braille"),
     "rehearsal": (BELOW + ("audio/mixing",), "virtual time, a trace"),
-    "recording": (BELOW + ("audio", "rehearsal"), "virtual time, a wave file"),
+    "recording": (BELOW + ("audio", "reading", "rehearsal"), "virtual time, a wave file"),
     "app": (BELOW + ("game", *GAME, "day", "audio", "reading", "rehearsal", "recording", "app"),
             "what the programs share"),
     "linux/system": (ALL_SHARED, "files, clocks, programs"),
