@@ -7,8 +7,9 @@ voice_packages="praat festival festvox-kdlpc16k festvox-czech-dita festvox-czech
     festvox-suopuhe-lj festvox-suopuhe-mv"
 
 # To build anything at all: one configuration serves the game, its tools and its tests.
-build_packages="g++ cmake ninja-build pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libpulse-dev libespeak-ng-dev libbrlapi-dev
-    flite1-dev libpng-dev liblouis-dev libsndfile1-dev libebur128-dev libgtest-dev libgmock-dev libbenchmark-dev
+build_packages="g++ cmake ninja-build pkg-config python3 libsdl2-dev libsdl2-ttf-dev libx11-dev libpulse-dev libpipewire-0.3-dev
+    libespeak-ng-dev libbrlapi-dev flite1-dev libpng-dev liblouis-dev libsndfile1-dev libebur128-dev
+    libgtest-dev libgmock-dev libbenchmark-dev
     $voice_packages"
 
 # To play what has been built.

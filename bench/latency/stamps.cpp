@@ -1,9 +1,11 @@
-// Preloaded into a program that plays through SDL or libpulse, stamps what happens inside it, and
-// lays a steady marker under its sound: -66 dB at half the sampling rate, so that nothing but a
-// drop-out is ever entirely silent in a recording. The program itself is the one that players have.
+// Preloaded into a program that plays through SDL, libpulse or libpipewire, stamps what happens
+// inside it, and lays a steady marker under its sound: -66 dB at half the sampling rate, so that
+// nothing but a drop-out is ever entirely silent in a recording. The program itself is the one that
+// players have.
 #include <SDL2/SDL.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pipewire/stream.h>
 #include <pulse/stream.h>
 #include <sys/mman.h>
 #include <time.h>
@@ -12,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <vector>
 
 #include "stamps.h"
@@ -47,9 +50,17 @@ void Note(std::int64_t time, StampKind kind, int value) {
     ++stamp_file->count;
 }
 
+using Find = void*(void*, const char*);
+
+/// The dlsym that this library hides.
+Find* RealDlsym() {
+    static auto* const find = reinterpret_cast<Find*>(dlvsym(RTLD_NEXT, "dlsym", "GLIBC_2.34"));
+    return find;
+}
+
 template <typename Function>
 Function* Next(const char* name, Function* /*own*/) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+    return reinterpret_cast<Function*>(RealDlsym()(RTLD_NEXT, name));
 }
 
 constexpr int frame_bytes = 2 * sizeof(float);
@@ -122,4 +133,31 @@ extern "C" int pa_stream_write(pa_stream* stream, const void* bytes, std::size_t
     Note(begin, StampKind::block, Mark(marked.data(), static_cast<int>(count) / frame_bytes));
     if (release != nullptr) release(const_cast<void*>(bytes));
     return write_on(stream, marked.data(), count, nullptr, offset, seek);
+}
+
+namespace tamlo::latency {
+namespace {
+
+decltype(pw_stream_queue_buffer)* queue_buffer = nullptr;
+int frames_of_block = 0;
+
+/// In place of the library's own: the program has loaded it, so no name hides another.
+int QueueMarked(pw_stream* stream, pw_buffer* buffer) {
+    const std::int64_t begin = Now();
+    spa_data& data = buffer->buffer->datas[0];
+    const int frames = static_cast<int>(data.chunk->size) / frame_bytes;
+    if (frames != frames_of_block) Note(begin, StampKind::device, frames);
+    frames_of_block = frames;
+    Note(begin, StampKind::block, Mark(static_cast<float*>(data.data), frames));
+    return queue_buffer(stream, buffer);
+}
+
+}  // namespace
+}  // namespace tamlo::latency
+
+extern "C" void* dlsym(void* library, const char* name) noexcept {
+    void* const found = RealDlsym()(library, name);
+    if (found == nullptr || std::strcmp(name, "pw_stream_queue_buffer") != 0) return found;
+    queue_buffer = reinterpret_cast<decltype(queue_buffer)>(found);
+    return reinterpret_cast<void*>(QueueMarked);
 }

@@ -12,6 +12,7 @@ LIBRARY_HEADERS = {
     r"pipewire/|spa/": "pipewire",
     r"espeak-ng/": "espeak-ng",
     r"flite/": "flite",
+    r"(pipewire|spa)/": "pipewire",
     r"brlapi": "brlapi",
     r"liblouis/": "PkgConfig::LOUIS",
     r"png\.h": "PNG::PNG",

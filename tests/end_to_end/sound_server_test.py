@@ -31,11 +31,18 @@ class TakenAway(Case):
         self.soon(game.line("[title tune]") - begin, BEGUN, "the beginning")
         return server, game
 
-    def heard_again(self, server):
-        """Called when the server is back. The game itself says again what nobody heard."""
+    def start_again(self, server):
         since = time.monotonic()
+        server.start()
+        self.heard_again(server, since)
+
+    def heard_again(self, server, since=None):
+        """Called when the server is back, or with the time at which it began to come back. The game
+        itself says again what nobody heard."""
+        back = time.monotonic()
+        since = since or back
         wait_until(lambda: server.first_sound(since), "sound")
-        self.soon(server.first_sound(since) - since, BACK, "heard again")
+        self.soon(server.first_sound(since) - back, BACK, "heard again")
         wait_until(lambda: server.heard(since + HELD), "more than what the server held")
 
     def soon(self, seconds, most, what):
@@ -68,8 +75,7 @@ class TakenAway(Case):
         self.answer(game, "Up", "start game")
         server.kill()
         time.sleep(1.5)
-        server.start()
-        self.heard_again(server)
+        self.start_again(server)
 
         for part in further:
             part(server, game)
@@ -107,8 +113,7 @@ class TakenAway(Case):
         game.line("Select")
         self.answer(game, "Return", "How fast do you wish to go?")
         game.press("3", "5")
-        server.start()
-        self.heard_again(server)
+        self.start_again(server)
 
     def unheard(self, game, line, most):
         begin = time.monotonic()
@@ -125,8 +130,7 @@ class TakenAway(Case):
         self.skip_the_tune(game)
         game.line("start game")
         server.kill()
-        server.start()
-        self.heard_again(server)
+        self.start_again(server)
 
     def test_pulseaudio_ends_without_an_answer(self):
         self.ends_without_an_answer(SoundServer)

@@ -41,6 +41,7 @@ class TemplateStream final : public CardStream {
     TemplateStream& operator=(const TemplateStream&) = delete;
 
     int Blocks() const override { return blocks_; }
+    int Frames() const override { return block; }
     bool Gone() const override { return gone_; }
 
   private:

@@ -51,6 +51,15 @@ TEST(BlockSize, AMinuteOfCalmHalvesIt) {
     EXPECT_EQ(card.Watch(600), 256);
 }
 
+TEST(BlockSize, EachWayToTheCardHasItsOwnRange) {
+    WatchedCard card;
+    card.size = BlockSize({128, 512});
+    card.size.Opened(card.late, card.now);
+    EXPECT_EQ(card.Watch(1, 0), 128);
+    EXPECT_EQ(card.Watch(4, 2), 512);
+    EXPECT_EQ(card.Watch(600), 128);
+}
+
 TEST(BlockSize, EveryTrialThatFailsMakesTheNextOneRarer) {
     WatchedCard card;
     EXPECT_EQ(card.Watch(1, 2), 512);

@@ -5,8 +5,6 @@
 namespace tamlo {
 namespace {
 
-constexpr int smallest = 256;
-constexpr int largest = 1024;
 // More late blocks than this in ten seconds call for longer ones.
 constexpr int most_late = 1;
 constexpr auto late_window = std::chrono::seconds(10);
@@ -22,12 +20,12 @@ void BlockSize::Opened(int late, Time now) {
 int BlockSize::Wanted(int late, Time now) {
     if (late != last_late_) calm_since_ = now;
     last_late_ = late;
-    if (late - late_before_ > most_late) return std::min(2 * frames_, largest);
+    if (late - late_before_ > most_late) return std::min(2 * frames_, range_.longest);
     if (now - window_began_ > late_window) {
         window_began_ = now;
         late_before_ = late;
     }
-    return now - calm_since_ > calm_ ? std::max(frames_ / 2, smallest) : frames_;
+    return now - calm_since_ > calm_ ? std::max(frames_ / 2, range_.shortest) : frames_;
 }
 
 void BlockSize::Change(int frames) {

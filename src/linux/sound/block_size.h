@@ -10,17 +10,27 @@ class BlockSize {
   public:
     using Time = std::chrono::steady_clock::time_point;
 
-    /// Of a block that is opened now, in frames: 256, 512 or 1024.
+    /// Frames; the longest is the shortest times a power of two.
+    struct Range {
+        int shortest = 256;
+        int longest = 1024;
+    };
+
+    BlockSize() : BlockSize(Range()) {}
+    explicit BlockSize(Range range) : range_(range), frames_(range.shortest) {}
+
+    /// Of a block that is opened now, in frames; at first the shortest.
     int Frames() const { return frames_; }
     /// The card has been opened with blocks of `Frames`; late ones before `now` do not count.
     void Opened(int late, Time now);
     /// What the number of late blocks, since the start, asks for at this moment.
     int Wanted(int late, Time now);
-    /// The card is to be opened again with blocks of this size.
+    /// The card takes blocks of this size from now on.
     void Change(int frames);
 
   private:
-    int frames_ = 256;
+    Range range_;
+    int frames_;
     int late_before_ = 0;  ///< at the start of the window
     int last_late_ = 0;
     Time window_began_;

@@ -46,10 +46,10 @@ void Forget(pa_operation* operation) {
 }  // namespace
 
 /// The connection, on its own thread.
-class PulseStream::Line {
+class PulseStream::Connection {
   public:
-    Line(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes, int frames,
-         std::atomic<int>& late)
+    Connection(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes, int frames,
+               std::atomic<int>& late)
         : counted_from_(Clock::now() + settling_time),
           tap_(std::move(tap)),
           changes_(std::move(changes)),
@@ -58,28 +58,29 @@ class PulseStream::Line {
         calls_.Listen(true);
         changes_->Listen(true);
         thread_ = StartThread([this] { Run(); });
-        if (!thread_.joinable()) Note(Answer::none);
+        if (!thread_.joinable()) Note(Opening::none);
     }
-    ~Line() {
+    ~Connection() {
         ending_ = true;
         calls_.Ring();
         if (thread_.joinable()) thread_.join();
         changes_->Listen(false);
     }
-    Line(const Line&) = delete;
-    Line& operator=(const Line&) = delete;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
 
-    std::atomic<Answer> answer{Answer::awaited};
-    std::atomic<int> thread{0};
+    std::atomic<Opening> progress{Opening::awaited};
     std::atomic<int> blocks{0};
     std::atomic<bool> gone{false};
     std::atomic<bool> paused{false};
+
+    int Frames() const { return frames_; }
 
   private:
     void Run();
     void Connect();
     void Watch(EventBell& bell, pa_io_event_cb_t callback);
-    void Note(Answer what);
+    void Note(Opening what);
 
     void Fail();
     void OnContext();
@@ -113,23 +114,23 @@ class PulseStream::Line {
 };
 
 /// Only the first answer counts.
-void PulseStream::Line::Note(Answer what) {
-    Answer awaited = Answer::awaited;
-    answer.compare_exchange_strong(awaited, what);
+void PulseStream::Connection::Note(Opening what) {
+    Opening awaited = Opening::awaited;
+    progress.compare_exchange_strong(awaited, what);
 }
 
-void PulseStream::Line::Run() {
-    thread = ThisThread();
+void PulseStream::Connection::Run() {
     TakeRealTime();
+    AskBrokerFor(ThisThread());
     loop_.reset(pa_mainloop_new());
     Watch(calls_, [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
                      pa_io_event_flags_t /*flags*/,
-                     void* line) { static_cast<Line*>(line)->calls_.TakeRings(); });
+                     void* self) { static_cast<Connection*>(self)->calls_.TakeRings(); });
     Connect();
     while (!ending_ && !gone && pa_mainloop_iterate(loop_.get(), 1, nullptr) >= 0) {
     }
     gone = true;
-    Note(Answer::none);
+    Note(Opening::none);
     if (stream_) pa_stream_disconnect(stream_.get());
     if (context_) pa_context_disconnect(context_.get());
     stream_.reset();
@@ -137,7 +138,7 @@ void PulseStream::Line::Run() {
     loop_.reset();
 }
 
-void PulseStream::Line::Watch(EventBell& bell, pa_io_event_cb_t callback) {
+void PulseStream::Connection::Watch(EventBell& bell, pa_io_event_cb_t callback) {
     pa_mainloop_api* api = pa_mainloop_get_api(loop_.get());
     if (bell.Number() < 0 ||
         api->io_new(api, bell.Number(), PA_IO_EVENT_INPUT, callback, this) == nullptr) {
@@ -145,7 +146,7 @@ void PulseStream::Line::Watch(EventBell& bell, pa_io_event_cb_t callback) {
     }
 }
 
-void PulseStream::Line::Connect() {
+void PulseStream::Connection::Connect() {
     const Properties properties(pa_proplist_new());
     pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Tamlo Delivery");
     pa_proplist_sets(properties.get(), PA_PROP_MEDIA_ROLE, "game");
@@ -153,38 +154,39 @@ void PulseStream::Line::Connect() {
                                                 properties.get()));
     pa_context_set_state_callback(
         context_.get(),
-        [](pa_context* /*context*/, void* line) { static_cast<Line*>(line)->OnContext(); }, this);
+        [](pa_context* /*context*/, void* self) { static_cast<Connection*>(self)->OnContext(); },
+        this);
     if (pa_context_connect(context_.get(), nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) gone = true;
 }
 
-void PulseStream::Line::Fail() {
-    if (pa_context_errno(context_.get()) == PA_ERR_TIMEOUT) Note(Answer::hangs);
+void PulseStream::Connection::Fail() {
+    if (pa_context_errno(context_.get()) == PA_ERR_TIMEOUT) Note(Opening::hangs);
     gone = true;
 }
 
-void PulseStream::Line::OnContext() {
+void PulseStream::Connection::OnContext() {
     const pa_context_state_t state = pa_context_get_state(context_.get());
     if (!PA_CONTEXT_IS_GOOD(state)) Fail();
     if (state != PA_CONTEXT_READY) return;
     Forget(pa_context_get_server_info(
         context_.get(),
-        [](pa_context* /*context*/, const pa_server_info* server, void* line) {
-            static_cast<Line*>(line)->OnServer(server);
+        [](pa_context* /*context*/, const pa_server_info* server, void* self) {
+            static_cast<Connection*>(self)->OnServer(server);
         },
         this));
 }
 
 // Others speak the protocol as well, but not all of them take back what they were given.
-void PulseStream::Line::OnServer(const pa_server_info* server) {
+void PulseStream::Connection::OnServer(const pa_server_info* server) {
     if (server == nullptr || std::string_view(server->server_name) != "pulseaudio") {
-        Note(server == nullptr ? Answer::none : Answer::other);
+        Note(server == nullptr ? Opening::none : Opening::other);
         gone = true;
     } else {
         OpenStream();
     }
 }
 
-void PulseStream::Line::OpenStream() {
+void PulseStream::Connection::OpenStream() {
     const pa_sample_spec format{PA_SAMPLE_FLOAT32NE, stream_rate, 2};
     stream_.reset(pa_stream_new(context_.get(), "Tamlo Delivery", &format, nullptr));
     if (!stream_) {
@@ -193,24 +195,25 @@ void PulseStream::Line::OpenStream() {
     }
     pa_stream_set_state_callback(
         stream_.get(),
-        [](pa_stream* /*stream*/, void* line) { static_cast<Line*>(line)->OnStream(); }, this);
+        [](pa_stream* /*stream*/, void* self) { static_cast<Connection*>(self)->OnStream(); },
+        this);
     pa_stream_set_write_callback(
         stream_.get(),
-        [](pa_stream* /*stream*/, std::size_t /*bytes*/, void* line) {
-            static_cast<Line*>(line)->Fill();
+        [](pa_stream* /*stream*/, std::size_t /*bytes*/, void* self) {
+            static_cast<Connection*>(self)->Fill();
         },
         this);
     pa_stream_set_suspended_callback(
         stream_.get(),
-        [](pa_stream* stream, void* line) {
-            static_cast<Line*>(line)->paused = pa_stream_is_suspended(stream) == 1;
+        [](pa_stream* stream, void* self) {
+            static_cast<Connection*>(self)->paused = pa_stream_is_suspended(stream) == 1;
         },
         this);
     pa_stream_set_underflow_callback(
         stream_.get(),
         [](pa_stream* /*stream*/, void* user) {
-            auto* line = static_cast<Line*>(user);
-            if (Clock::now() > line->counted_from_) ++line->late_;
+            auto* connection = static_cast<Connection*>(user);
+            if (Clock::now() > connection->counted_from_) ++connection->late_;
         },
         this);
     const auto block_bytes = static_cast<std::uint32_t>(frames_ * frame_bytes);
@@ -227,27 +230,27 @@ void PulseStream::Line::OpenStream() {
     }
 }
 
-void PulseStream::Line::OnStream() {
+void PulseStream::Connection::OnStream() {
     const pa_stream_state_t state = pa_stream_get_state(stream_.get());
     if (!PA_STREAM_IS_GOOD(state)) Fail();
     if (state != PA_STREAM_READY) return;
     const pa_buffer_attr* sizes = pa_stream_get_buffer_attr(stream_.get());
     depth_ = static_cast<int>(sizes->tlength) / frame_bytes;
-    Watch(*changes_,
-          [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
-             pa_io_event_flags_t /*flags*/, void* line) { static_cast<Line*>(line)->AskWhere(); });
+    Watch(*changes_, [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
+                        pa_io_event_flags_t /*flags*/,
+                        void* self) { static_cast<Connection*>(self)->AskWhere(); });
     paused = pa_stream_is_suspended(stream_.get()) == 1;
     Fill();
-    Note(Answer::opened);
+    Note(Opening::opened);
 }
 
 /// Frames that the server holds, as far as is known without asking it.
-int PulseStream::Line::Held() const {
+int PulseStream::Connection::Held() const {
     const auto room = static_cast<int>(pa_stream_writable_size(stream_.get()) / frame_bytes);
     return std::max(depth_ - room, 0);
 }
 
-void PulseStream::Line::Fill() {
+void PulseStream::Connection::Fill() {
     if (pa_stream_get_state(stream_.get()) != PA_STREAM_READY) return;
     const int held = Held();
     tap_->Commit(held - to_rewrite_);
@@ -255,7 +258,7 @@ void PulseStream::Line::Fill() {
     Write((depth_ - held + to_rewrite_) / frames_);
 }
 
-void PulseStream::Line::Write(int blocks_wanted) {
+void PulseStream::Connection::Write(int blocks_wanted) {
     const int most = std::max(most_at_once / frames_, 1);
     block_.resize(static_cast<std::size_t>(2 * frames_ * most));
     while (blocks_wanted > 0) {
@@ -271,21 +274,21 @@ void PulseStream::Line::Write(int blocks_wanted) {
 }
 
 /// Asks for the read position, so that as much as possible is rewritten.
-void PulseStream::Line::AskWhere() {
+void PulseStream::Connection::AskWhere() {
     changes_->TakeRings();
     changed_ = true;
     if (asking_) return;
     pa_operation* question = pa_stream_update_timing_info(
         stream_.get(),
-        [](pa_stream* /*stream*/, int told, void* line) {
-            static_cast<Line*>(line)->Rewrite(told != 0);
+        [](pa_stream* /*stream*/, int told, void* self) {
+            static_cast<Connection*>(self)->Rewrite(told != 0);
         },
         this);
     asking_ = question != nullptr;
     Forget(question);
 }
 
-void PulseStream::Line::Rewrite(bool told) {
+void PulseStream::Connection::Rewrite(bool told) {
     asking_ = false;
     if (!changed_ || pa_stream_get_state(stream_.get()) != PA_STREAM_READY) return;
     const pa_timing_info* where = pa_stream_get_timing_info(stream_.get());
@@ -306,30 +309,30 @@ void PulseStream::Line::Rewrite(bool told) {
 
 PulseStream::PulseStream(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes, int frames,
                          std::atomic<int>& late)
-    : line_(std::make_unique<Line>(std::move(tap), std::move(changes), frames, late)) {}
+    : connection_(std::make_unique<Connection>(std::move(tap), std::move(changes), frames, late)) {}
 
 PulseStream::~PulseStream() {
-    if (!line_->gone) std::this_thread::sleep_for(10ms);
+    if (!connection_->gone) std::this_thread::sleep_for(10ms);
 }
 
-PulseStream::Answer PulseStream::Opening() const {
-    return line_->answer;
-}
-
-int PulseStream::Thread() const {
-    return line_->thread;
+Opening PulseStream::Progress() const {
+    return connection_->progress;
 }
 
 int PulseStream::Blocks() const {
-    return line_->blocks;
+    return connection_->blocks;
+}
+
+int PulseStream::Frames() const {
+    return connection_->Frames();
 }
 
 bool PulseStream::Gone() const {
-    return line_->gone;
+    return connection_->gone;
 }
 
 bool PulseStream::Paused() const {
-    return line_->paused;
+    return connection_->paused;
 }
 
 }  // namespace tamlo

@@ -14,15 +14,6 @@ namespace tamlo {
 
 class PulseStream final : public CardStream {
   public:
-    /// What has become of the opening.
-    enum class Answer {
-        awaited,
-        opened,
-        none,   ///< no such server, or no sink
-        other,  ///< another server that only speaks its protocol
-        hangs,  ///< it is there and has not answered for half a minute
-    };
-
     /// Begins to open the server's default sink. Blocks of so many frames are asked for, and filled
     /// from the tap, as soon as it answers. `changes` rings when what the mixer has rendered is to
     /// be taken back. `late` counts how often the server had nothing left; it must outlive the
@@ -34,17 +25,15 @@ class PulseStream final : public CardStream {
     PulseStream(const PulseStream&) = delete;
     PulseStream& operator=(const PulseStream&) = delete;
 
-    Answer Opening() const;
-    /// The system's number of the thread that fills the blocks, 0 until it runs.
-    int Thread() const;
-
+    Opening Progress() const override;
     int Blocks() const override;
+    int Frames() const override;
     bool Gone() const override;
     bool Paused() const override;
 
   private:
-    class Line;
-    std::unique_ptr<Line> line_;
+    class Connection;
+    std::unique_ptr<Connection> connection_;
 };
 
 }  // namespace tamlo

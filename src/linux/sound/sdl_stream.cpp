@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "linux/sound/realtime.h"
+#include "linux/sound/sound_servers.h"
 
 namespace tamlo {
 namespace {
@@ -15,26 +16,64 @@ using Clock = std::chrono::steady_clock;
 
 }  // namespace
 
-SdlStream::SdlStream(std::shared_ptr<Tap> tap, std::atomic<int>& late)
-    : tap_(std::move(tap)),
+// SDL_AudioInit rather than SDL_InitSubSystem: it leaves alone what a window, opened by another
+// thread, is setting up.
+class SdlStream::Library {
+  public:
+    explicit Library(const std::string& driver)
+        : open_(SDL_AudioInit(driver.empty() ? nullptr : driver.c_str()) == 0) {}
+    ~Library() {
+        if (open_) SDL_AudioQuit();
+    }
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+
+    bool IsOpen() const { return open_; }
+
+  private:
+    const bool open_;
+};
+
+SdlStream::SdlStream(std::shared_ptr<Library> library, std::shared_ptr<Tap> tap, int frames,
+                     std::atomic<int>& late)
+    : library_(std::move(library)),
+      tap_(std::move(tap)),
+      frames_(frames),
       counted_from_(Clock::now() + settling_time),
       late_(late),
       last_block_(counted_from_) {}
 
-std::unique_ptr<SdlStream> SdlStream::Open(std::shared_ptr<Tap> tap, int frames,
-                                           std::atomic<int>& late) {
-    std::unique_ptr<SdlStream> stream(new SdlStream(std::move(tap), late));
+std::unique_ptr<SdlStream> SdlStream::Open(const std::string& driver, std::shared_ptr<Tap> tap,
+                                           int frames, std::atomic<int>& late) {
+    KeepAlsaQuiet();
+    auto library = std::make_shared<Library>(driver);
+    if (!library->IsOpen()) return nullptr;
+    std::unique_ptr<SdlStream> stream(
+        new SdlStream(std::move(library), std::move(tap), frames, late));
+    return stream->OpenDevice() ? std::move(stream) : nullptr;
+}
+
+std::string SdlStream::Driver() {
+    const char* const driver = SDL_GetCurrentAudioDriver();
+    return driver == nullptr ? "" : driver;
+}
+
+std::unique_ptr<CardStream> SdlStream::Another(int frames) {
+    std::unique_ptr<SdlStream> stream(new SdlStream(library_, tap_, frames, late_));
+    return stream->OpenDevice() ? std::move(stream) : nullptr;
+}
+
+bool SdlStream::OpenDevice() {
     SDL_AudioSpec wanted{};
     wanted.freq = stream_rate;
     wanted.format = AUDIO_F32SYS;
     wanted.channels = 2;
-    wanted.samples = static_cast<Uint16>(frames);
+    wanted.samples = static_cast<Uint16>(frames_);
     wanted.callback = OnBlock;
-    wanted.userdata = stream.get();
-    stream->device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
-    if (stream->device_ == 0) return nullptr;
-    SDL_PauseAudioDevice(stream->device_, 0);
-    return stream;
+    wanted.userdata = this;
+    device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    if (device_ != 0) SDL_PauseAudioDevice(device_, 0);
+    return device_ != 0;
 }
 
 SdlStream::~SdlStream() {

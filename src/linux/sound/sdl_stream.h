@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "audio/output/tap.h"
 #include "linux/sound/card_stream.h"
@@ -15,30 +16,38 @@ namespace tamlo {
 /// A server that hangs may hold up its thread: in opening and in closing for as long as it hangs.
 class SdlStream final : public CardStream {
   public:
-    using Time = std::chrono::steady_clock::time_point;
-
-    /// Opens the default card with blocks of so many frames, by the audio library's present driver;
-    /// null if there is none. Blocks are asked for from then on. `late` counts those that came so
-    /// late that a drop-out is likely; it must outlive the stream.
-    static std::unique_ptr<SdlStream> Open(std::shared_ptr<Tap> tap, int frames,
-                                           std::atomic<int>& late);
+    /// Opens the default card with blocks of so many frames, by a driver of the audio library
+    /// (empty for its own choice); null if there is none. Blocks are asked for from then on. `late`
+    /// counts those that came so late that a drop-out is likely; it must outlive the stream.
+    static std::unique_ptr<SdlStream> Open(const std::string& driver, std::shared_ptr<Tap> tap,
+                                           int frames, std::atomic<int>& late);
+    /// The driver of the streams that are open.
+    static std::string Driver();
     ~SdlStream() override;
     SdlStream(const SdlStream&) = delete;
     SdlStream& operator=(const SdlStream&) = delete;
 
-    /// Whether the blocks are filled from the tap, or with silence, as at first.
-    void Connect(bool connected) { connected_ = connected; }
     int Blocks() const override { return blocks_; }
-    /// Late blocks before this moment are not counted.
-    Time CountedFrom() const { return counted_from_; }
+    int Frames() const override { return frames_; }
     bool Gone() const override;
+    Resizing CanResize() const override { return Resizing::by_another; }
+    std::unique_ptr<CardStream> Another(int frames) override;
+    void Connect(bool connected) override { connected_ = connected; }
 
   private:
-    SdlStream(std::shared_ptr<Tap> tap, std::atomic<int>& late);
+    using Time = std::chrono::steady_clock::time_point;
+    /// Keeps the audio library open; shared by its streams.
+    class Library;
+
+    SdlStream(std::shared_ptr<Library> library, std::shared_ptr<Tap> tap, int frames,
+              std::atomic<int>& late);
+    bool OpenDevice();
     static void OnBlock(void* stream, std::uint8_t* bytes, int count);
     void Fill(float* stereo, int frames);
 
-    std::shared_ptr<Tap> tap_;
+    const std::shared_ptr<Library> library_;
+    const std::shared_ptr<Tap> tap_;
+    const int frames_;
     unsigned device_ = 0;  ///< the audio library's number of it
     std::atomic<bool> connected_{false};
     std::atomic<int> blocks_{0};

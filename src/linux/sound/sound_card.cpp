@@ -1,19 +1,22 @@
-// The stream to the card, and the keeper that stays with it. Only the keeper's thread opens and
-// closes the device: a sound server that hangs can hold up nothing but the keeper.
+// The stream to the card, and the manager that stays with it. Only the manager's thread opens and
+// closes the device: a sound server that hangs can hold up nothing but the manager.
 #include "linux/sound/sound_card.h"
 
 #include <SDL2/SDL.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "linux/sound/block_size.h"
 #include "linux/sound/card_stream.h"
+#include "linux/sound/pipewire_stream.h"
 #include "linux/sound/pulse_stream.h"
 #include "linux/sound/realtime.h"
 #include "linux/sound/sdl_stream.h"
@@ -27,11 +30,13 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr auto longest_opening = 1500ms;  // that a start waits for
+constexpr auto longest_answer = 35s;      // of a server, then it is tried again
+constexpr auto longest_return = 3s;       // of the sinks of a server that was there before
 constexpr auto watch_interval = 125ms;
 // Between trials to open a card, which become rarer.
 constexpr auto first_retry = 125ms;
 constexpr auto last_retry = 5s;
-// A card that has not asked for a block so many times the keeper looked (about 2 s) doesn't work:
+// A card that has not asked for a block so many times the manager looked (about 2 s) doesn't work:
 // another driver may. Counted rather than timed, so that a process that was halted doesn't mistake
 // its own absence for the card's.
 constexpr int longest_silence = 16;
@@ -40,10 +45,10 @@ constexpr int enough_blocks = 4;
 
 }  // namespace
 
-class SoundCard::Keeper {
+class SoundCard::Manager {
   public:
-    Keeper(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes,
-           std::function<bool()> may_interrupt)
+    Manager(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes,
+            std::function<bool()> may_interrupt)
         : tap_(std::move(tap)),
           changes_(std::move(changes)),
           may_interrupt_(std::move(may_interrupt)) {}
@@ -57,15 +62,27 @@ class SoundCard::Keeper {
   private:
     enum class Trial { opened, failed, hangs };
 
+    /// A way to the card: how its stream is opened, and the blocks that it begins with and may get.
+    struct Way {
+        std::string_view driver;
+        std::unique_ptr<CardStream> (Manager::*open)();
+        BlockSize::Range blocks;
+    };
+    static const std::array<Way, 2> ways;
+
     bool Open();
     Trial OpenWith(const std::string& driver);
-    std::optional<Trial> OpenPulse();
-    bool OpenSdl(const std::string& driver);
-    void Opened(const std::string& driver);
+    Trial OpenBy(const Way& way);
+    Trial OpenSdl(const std::string& driver);
+    std::unique_ptr<CardStream> OpenPipeWire();
+    std::unique_ptr<CardStream> OpenPulse();
+    Opening AwaitAnswer(const CardStream& stream);
+    void Use(std::unique_ptr<CardStream> stream, const std::string& driver);
     bool AwaitBlocks(const CardStream& stream, int count);
     void Close();
     void Watch();
-    void Resize(int frames);
+    void WatchBlocks();
+    void Replace(int frames);
     bool Sleep(std::chrono::milliseconds time);
     void Note(const std::string& driver);
 
@@ -74,11 +91,12 @@ class SoundCard::Keeper {
     const std::function<bool()> may_interrupt_;
     std::atomic<int> late_{0};
 
-    // The keeper's thread only.
+    // The manager's thread only.
     std::unique_ptr<CardStream> stream_;
-    SdlStream* sdl_stream_ = nullptr;  ///< the same, if it is the audio library's
     /// Opened but never asked for a block: not the next choice.
     std::optional<std::string> failed_driver_;
+    std::string last_driver_;        ///< the last that was opened, as it was asked for
+    Clock::time_point last_seen_{};  ///< when it was last known to work
     int blocks_seen_ = 0;
     int silent_watches_ = 0;  ///< since the last block
     BlockSize size_;
@@ -93,7 +111,13 @@ class SoundCard::Keeper {
     int openings_ = 0;
 };
 
-void SoundCard::Keeper::Run() {
+/// Every other driver is the audio library's.
+const std::array<SoundCard::Manager::Way, 2> SoundCard::Manager::ways{
+    Way{"pipewire", &Manager::OpenPipeWire, {128, 512}},
+    Way{"pulseaudio", &Manager::OpenPulse, {256, 256}},
+};
+
+void SoundCard::Manager::Run() {
     std::chrono::milliseconds retry = first_retry;
     std::chrono::milliseconds pause = watch_interval;
     do {
@@ -115,13 +139,13 @@ void SoundCard::Keeper::Run() {
 }
 
 /// In place of Run, where there is no thread for it: as if there were no card.
-void SoundCard::Keeper::GoWithout() {
+void SoundCard::Manager::GoWithout() {
     tap_->PutClockInCharge();
     Note("");
     ended_ = true;
 }
 
-bool SoundCard::Keeper::Open() {
+bool SoundCard::Manager::Open() {
     for (const std::string& driver : SoundDrivers()) {
         if (driver == failed_driver_) continue;
         switch (OpenWith(driver)) {
@@ -134,79 +158,87 @@ bool SoundCard::Keeper::Open() {
     return false;
 }
 
-SoundCard::Keeper::Trial SoundCard::Keeper::OpenWith(const std::string& driver) {
-    if (driver == "pulseaudio") {
-        if (const std::optional<Trial> trial = OpenPulse()) return *trial;
+SoundCard::Manager::Trial SoundCard::Manager::OpenWith(const std::string& driver) {
+    for (const Way& way : ways) {
+        if (way.driver == driver) return OpenBy(way);
     }
-    return OpenSdl(driver) ? Trial::opened : Trial::failed;
+    return OpenSdl(driver);
 }
 
-/// None if the audio library may know a way. A server that does not answer is waited for, so that
-/// it is heard as soon as it does; nobody waits for the keeper so long.
-std::optional<SoundCard::Keeper::Trial> SoundCard::Keeper::OpenPulse() {
-    auto stream = std::make_unique<PulseStream>(tap_, changes_, size_.Frames(), late_);
-    const auto longest = Clock::now() + longest_opening;
-    while (stream->Opening() == PulseStream::Answer::awaited &&
-           Sleep(Clock::now() < longest ? 1ms : 20ms)) {
+SoundCard::Manager::Trial SoundCard::Manager::OpenBy(const Way& way) {
+    const std::string driver(way.driver);
+    if (driver != last_driver_) size_ = BlockSize(way.blocks);
+    std::unique_ptr<CardStream> stream = (this->*way.open)();
+    switch (AwaitAnswer(*stream)) {
+        case Opening::awaited:
+        case Opening::hangs: return Trial::hangs;
+        case Opening::none: {
+            // A server just started knows its sinks a moment later.
+            const bool comes_back =
+                driver == last_driver_ && Clock::now() < last_seen_ + longest_return;
+            return comes_back ? Trial::hangs : Trial::failed;
+        }
+        case Opening::other: return OpenSdl(driver);
+        case Opening::opened: break;
     }
-    switch (stream->Opening()) {
-        case PulseStream::Answer::awaited:
-        case PulseStream::Answer::hangs: return Trial::hangs;
-        case PulseStream::Answer::none: return Trial::failed;
-        case PulseStream::Answer::other: return std::nullopt;
-        case PulseStream::Answer::opened: break;
-    }
-    AskBrokerFor(stream->Thread());
-    stream_ = std::move(stream);
-    Opened("pulseaudio");
+    Use(std::move(stream), driver);
+    Note(driver);
     return Trial::opened;
 }
 
-// SDL_AudioInit rather than SDL_InitSubSystem: it leaves alone what a window, opened by another
-// thread, is setting up.
-bool SoundCard::Keeper::OpenSdl(const std::string& driver) {
-    KeepAlsaQuiet();
-    if (SDL_AudioInit(driver.empty() ? nullptr : driver.c_str()) != 0) return false;
-    // A PipeWire server without a sink, as it runs for screen sharing only, never finishes opening.
-    const bool no_sink =
-        SDL_GetCurrentAudioDriver() == std::string("pipewire") && SDL_GetNumAudioDevices(0) == 0;
-    std::unique_ptr<SdlStream> stream;
-    if (!no_sink) stream = SdlStream::Open(tap_, size_.Frames(), late_);
-    if (stream == nullptr) {
-        SDL_AudioQuit();
-        return false;
-    }
-    stream->Connect(true);
-    size_.Opened(late_, stream->CountedFrom());
-    sdl_stream_ = stream.get();
-    stream_ = std::move(stream);
-    Opened(SDL_GetCurrentAudioDriver());
-    return true;
+std::unique_ptr<CardStream> SoundCard::Manager::OpenPipeWire() {
+    return std::make_unique<PipeWireStream>(tap_, size_.Frames(), late_);
 }
 
-void SoundCard::Keeper::Opened(const std::string& driver) {
+std::unique_ptr<CardStream> SoundCard::Manager::OpenPulse() {
+    return std::make_unique<PulseStream>(tap_, changes_, size_.Frames(), late_);
+}
+
+/// A server that does not answer is waited for, so that it is heard as soon as it does; the game
+/// does not wait for the manager so long.
+Opening SoundCard::Manager::AwaitAnswer(const CardStream& stream) {
+    const auto begin = Clock::now();
+    const auto waited = [begin] { return Clock::now() - begin; };
+    while (stream.Progress() == Opening::awaited && !stream.Gone() && waited() < longest_answer &&
+           Sleep(waited() < longest_opening ? 1ms : 20ms)) {
+    }
+    return stream.Progress();
+}
+
+SoundCard::Manager::Trial SoundCard::Manager::OpenSdl(const std::string& driver) {
+    if (driver != last_driver_) size_ = BlockSize();
+    std::unique_ptr<SdlStream> stream = SdlStream::Open(driver, tap_, size_.Frames(), late_);
+    if (stream == nullptr) return Trial::failed;
+    stream->Connect(true);
+    Use(std::move(stream), driver);
+    Note(SdlStream::Driver());
+    return Trial::opened;
+}
+
+void SoundCard::Manager::Use(std::unique_ptr<CardStream> stream, const std::string& driver) {
+    stream_ = std::move(stream);
+    size_.Opened(late_, Clock::now());
+    last_driver_ = driver;
     silent_watches_ = 0;
     AwaitBlocks(*stream_, 1);
-    Note(driver);
+    last_seen_ = Clock::now();
 }
 
 /// False if they have not come in the time that an opening may take.
-bool SoundCard::Keeper::AwaitBlocks(const CardStream& stream, int count) {
+bool SoundCard::Manager::AwaitBlocks(const CardStream& stream, int count) {
     const auto deadline = Clock::now() + longest_opening;
     while (stream.Blocks() < count && Clock::now() < deadline && Sleep(1ms)) {
     }
     return stream.Blocks() >= count;
 }
 
-void SoundCard::Keeper::Close() {
+void SoundCard::Manager::Close() {
     if (stream_ == nullptr) return;
     stream_.reset();
-    if (sdl_stream_ != nullptr) SDL_AudioQuit();
-    sdl_stream_ = nullptr;
     Note("");
 }
 
-void SoundCard::Keeper::Watch() {
+void SoundCard::Manager::Watch() {
     const int blocks = stream_->Blocks();
     silent_watches_ = blocks == blocks_seen_ && !stream_->Paused() ? silent_watches_ + 1 : 0;
     blocks_seen_ = blocks;
@@ -216,16 +248,31 @@ void SoundCard::Keeper::Watch() {
         // Now rather than when the clock notices: closing can take long.
         tap_->PutClockInCharge();
         Close();
-    } else if (sdl_stream_ != nullptr) {
-        const int wanted = size_.Wanted(late_, Clock::now());
-        if (wanted != size_.Frames() && may_interrupt_()) Resize(wanted);
+        return;
+    }
+    last_seen_ = Clock::now();
+    WatchBlocks();
+    const std::lock_guard lock(mutex_);
+    if (stream_ != nullptr) frames_ = stream_->Frames();
+}
+
+void SoundCard::Manager::WatchBlocks() {
+    const Resizing resizing = stream_->CanResize();
+    const int wanted = size_.Wanted(late_, Clock::now());
+    if (resizing == Resizing::none || wanted == size_.Frames()) return;
+    if (resizing == Resizing::live) {
+        stream_->Resize(wanted);
+        size_.Change(wanted);
+        size_.Opened(late_, Clock::now());
+    } else if (may_interrupt_()) {
+        Replace(wanted);
     }
 }
 
 // The next stream sounds before the last is closed, so that a key pressed meanwhile is answered
 // however long a busy machine takes. Only a card that serves one stream at a time pauses.
-void SoundCard::Keeper::Resize(int frames) {
-    std::unique_ptr<SdlStream> next = SdlStream::Open(tap_, frames, late_);
+void SoundCard::Manager::Replace(int frames) {
+    std::unique_ptr<CardStream> next = stream_->Another(frames);
     if (next == nullptr) {
         tap_->PutClockInCharge();
         Close();
@@ -236,75 +283,74 @@ void SoundCard::Keeper::Resize(int frames) {
         size_.Opened(late_, Clock::now());
         return;
     }
-    sdl_stream_->Connect(false);
+    stream_->Connect(false);
     next->Connect(true);
-    sdl_stream_ = next.get();
     stream_ = std::move(next);
     size_.Change(frames);
-    size_.Opened(late_, sdl_stream_->CountedFrom());
+    size_.Opened(late_, Clock::now());
     Note(driver_);
 }
 
-/// False when the keeper is to end.
-bool SoundCard::Keeper::Sleep(std::chrono::milliseconds time) {
+/// False when the manager is to end.
+bool SoundCard::Manager::Sleep(std::chrono::milliseconds time) {
     std::unique_lock lock(mutex_);
     return !wake_.wait_for(lock, time, [this] { return ending_; });
 }
 
-void SoundCard::Keeper::Note(const std::string& driver) {
+void SoundCard::Manager::Note(const std::string& driver) {
     const std::lock_guard lock(mutex_);
     driver_ = driver;
-    frames_ = size_.Frames();
+    if (stream_ != nullptr) frames_ = stream_->Frames();
     openings_ += !driver.empty();
     first_opening_over_ = true;
     wake_.notify_all();
 }
 
-void SoundCard::Keeper::AwaitFirstOpening() {
+void SoundCard::Manager::AwaitFirstOpening() {
     std::unique_lock lock(mutex_);
     wake_.wait_for(lock, longest_opening, [this] { return first_opening_over_; });
 }
 
-/// False if the driver holds the keeper up.
-bool SoundCard::Keeper::End() {
+/// False if the driver holds the manager up.
+bool SoundCard::Manager::End() {
     std::unique_lock lock(mutex_);
     ending_ = true;
     wake_.notify_all();
     return wake_.wait_for(lock, 1s, [this] { return ended_; });
 }
 
-CardReport SoundCard::Keeper::Report() {
+CardReport SoundCard::Manager::Report() {
     const std::lock_guard lock(mutex_);
     return {driver_, frames_, late_, openings_};
 }
 
 SoundCard::SoundCard(std::shared_ptr<Tap> tap, std::shared_ptr<EventBell> changes,
                      std::function<bool()> may_interrupt)
-    : keeper_(
-          std::make_shared<Keeper>(std::move(tap), std::move(changes), std::move(may_interrupt))) {
+    : manager_(
+          std::make_shared<Manager>(std::move(tap), std::move(changes), std::move(may_interrupt))) {
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tamlo Delivery");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, "Tamlo Delivery");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_ROLE, "game");
     AskForRealTime();
-    // The thread shares the keeper, so that it can be left behind in a driver that hangs.
-    std::thread thread = StartThread([keeper = keeper_] { keeper->Run(); });
+    // The thread shares the manager, so that it can be left behind in a driver that hangs.
+    std::thread thread = StartThread([manager = manager_] { manager->Run(); });
     if (thread.joinable()) {
         thread.detach();
     } else {
-        keeper_->GoWithout();
+        manager_->GoWithout();
     }
 }
 
 SoundCard::~SoundCard() {
-    keeper_->End();
+    manager_->End();
 }
 
 void SoundCard::AwaitOpening() const {
-    keeper_->AwaitFirstOpening();
+    manager_->AwaitFirstOpening();
 }
 
 CardReport SoundCard::Report() const {
-    return keeper_->Report();
+    return manager_->Report();
 }
 
 }  // namespace tamlo

@@ -13,7 +13,7 @@ namespace tamlo {
 /// What has become of the card so far.
 struct CardReport {
     std::string driver;  ///< "pipewire", "pulseaudio", "alsa" ...; empty while no card is open
-    int frames = 0;      ///< of one block; 256, 512 or 1024
+    int frames = 0;      ///< of a block, as the card asks for them
     int late = 0;        ///< blocks asked for so late that a drop-out is likely, since the start
     int openings = 0;    ///< 1 when all went well
 };
@@ -38,8 +38,8 @@ class SoundCard {
     CardReport Report() const;
 
   private:
-    class Keeper;
-    std::shared_ptr<Keeper> keeper_;
+    class Manager;
+    std::shared_ptr<Manager> manager_;
 };
 
 }  // namespace tamlo
