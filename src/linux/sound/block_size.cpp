@@ -20,7 +20,7 @@ void BlockSize::Opened(int late, Time now) {
 int BlockSize::Wanted(int late, Time now) {
     if (late != last_late_) calm_since_ = now;
     last_late_ = late;
-    if (late - late_before_ > most_late) return std::min(2 * frames_, range_.longest);
+    if (late - late_before_ > most_late && frames_ < range_.longest) return 2 * frames_;
     if (now - window_began_ > late_window) {
         window_began_ = now;
         late_before_ = late;
