@@ -183,12 +183,12 @@ class Bench:
             program.close()
 
     def run(self):
-        """Delays are recorded in the shortest steps. Where only drop-outs count, the server goes in
-        steps of the game's blocks, as it would if nobody recorded."""
+        """Delays are recorded in the shortest steps, or as asked for. Where only drop-outs count, the
+        server goes in steps of the game's blocks, as it would if nobody recorded."""
         for kind in (PulseAudio, PipeWire):
             if self.options.server not in (None, kind.name):
                 continue
-            for step, figures in ((PIECE, DELAYS), (BLOCK, COURSES)):
+            for step, figures in ((self.options.step, DELAYS), (BLOCK, COURSES)):
                 if wanted := [figure for figure in figures if figure in self.options.figures]:
                     self.run_on(kind, step, wanted)
 
@@ -231,6 +231,8 @@ def main(game, bench):
     parser.add_argument("--trials", type=int, default=25, help="keys a figure (25)")
     parser.add_argument("--starts", type=int, default=5, help="starts of each program (5)")
     parser.add_argument("--minutes", type=float, default=10, help="of idle and held (10)")
+    parser.add_argument("--step", type=int, default=PIECE, metavar="FRAMES",
+                        help=f"of the recording of delays ({PIECE}); {BLOCK} as a player's graph goes")
     parser.add_argument("--server", choices=["PulseAudio", "PipeWire"], help="only this one")
     parser.add_argument("--figures", nargs="+", default=["keys", "others", "starts"],
                         choices=DELAYS + COURSES)
