@@ -2,6 +2,7 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <pty.h>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
@@ -210,7 +211,9 @@ TEST_F(TerminalTest, TheCursorRestsOnTheNewestLine) {
     const std::string expected = "one\r\r\ntwice ten\r\nand one\r\x1b[1A\r\n\r\nten cells.\r\r\n";
     std::string printed;
     char byte = 0;  // a terminal passes on what is written in pieces
-    while (printed.size() < expected.size() && ::read(player_.Number(), &byte, 1) == 1) {
+    pollfd output = {player_.Number(), POLLIN, 0};
+    while (printed.size() < expected.size() && ::poll(&output, 1, 5000) == 1 &&
+           ::read(player_.Number(), &byte, 1) == 1) {
         printed += byte;
     }
     EXPECT_EQ(printed, expected);
