@@ -18,6 +18,10 @@ namespace {
 const std::string usage =
     "usage: tamlo-rehearse [--documents DIR] [--sounds DIR] [--cwd DIR] [SCRIPT]";
 
+WrongUse TooMuch(const std::string& argument) {
+    return WrongUse(usage + "; \"" + argument + "\" is too much");
+}
+
 ScriptArguments ReadArguments(int argc, char** argv) {
     ScriptArguments arguments;
     bool script_given = false;
@@ -27,7 +31,7 @@ ScriptArguments ReadArguments(int argc, char** argv) {
             if (++i == argc) throw WrongUse(argument + " needs a folder");
             *option = argv[i];
         } else if (script_given || (argument.starts_with('-') && argument != "-")) {
-            throw WrongUse(usage + "; \"" + argument + "\" is too much");
+            throw TooMuch(argument);
         } else {
             arguments.script = argument;
             script_given = true;
