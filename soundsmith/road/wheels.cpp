@@ -94,7 +94,8 @@ Sound HorseAndCarriage(Brief brief) {
     const double round = brief.seconds / 2.0;
     for (int i = 0; i < 8; ++i) {
         const double pair = (i % 4) * 0.25 + (i % 2 == 1 ? -0.035 : 0.0);
-        const double at = round * (i / 4) + round * pair + 0.12;
+        const int rounds = i / 4;  // before this one
+        const double at = round * rounds + round * pair + 0.12;
         MixAt(carriage, Clop(brief.rate, i % 2 == 0 ? 1.12 : 0.92, 1.0, brief.chance), at);
     }
     const Body jingle{
