@@ -1,6 +1,7 @@
 // A braille display that BRLTTY drives, where there is one.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -32,6 +33,9 @@ class BrailleDisplay {
 
     /// Shows the line in place of what is shown; never waits.
     void Show(const std::string& line);
+    /// Whether a display shows the game's lines, or begins to within this time, in which `pump` is
+    /// called now and then.
+    bool AwaitDisplay(std::chrono::milliseconds longest, const std::function<void()>& pump);
     /// Whether the game has the player's attention: without it the display is left to others. At
     /// first it has.
     void SetFocus(bool focused);

@@ -328,7 +328,7 @@ TEST(VoiceSpeech, ASynthesizerThatHangsIsReplacedThreeTimes) {
 TEST(VoiceSpeech, WithoutVoicesTextsTakeTheirTimeInSilenceIfSomebodyIsTold) {
     FakeSynthesizer::Log log;
     int told = 0;
-    VoiceSpeech voice({.silent = [&] { ++told; }}, Making(log, 0));
+    VoiceSpeech voice({.silent = [&] { return ++told > 0; }}, Making(log, 0));
     auto engine = voice.CreateEngine();
     Listener listener(voice);
     // As many as there can be: the settings keep what the player has chosen.
@@ -347,7 +347,7 @@ TEST(VoiceSpeech, ASlowSynthesizerSpeaksOnceItIsOpen) {
     FakeSynthesizer::Log log;
     log.opening = true;
     int told = 0;
-    VoiceSpeech voice({.silent = [&] { ++told; }}, Making(log, 3), 1s, 20ms);
+    VoiceSpeech voice({.silent = [&] { return ++told > 0; }}, Making(log, 3), 1s, 20ms);
     auto engine = voice.CreateEngine();
     EXPECT_EQ(engine->GetVoicesCount(), most_voices) << "those that there may be";
     engine->SetVoice(2);

@@ -28,11 +28,14 @@ class Voices(Case):
         damaged_voices.copy_with(self.source, self.folder, name, b"")
         return {"ESPEAK_DATA_PATH": self.folder}
 
-    def without_flite(self):
+    def without(self, *names):
+        """For the environment: these libraries are none."""
         libraries = os.path.join(self.folder, "libraries")
         os.mkdir(libraries)
-        with open(os.path.join(libraries, "libflite.so.1"), "wb"):
-            return {"LD_LIBRARY_PATH": libraries}
+        for name in names:
+            with open(os.path.join(libraries, name), "wb"):
+                pass
+        return {"LD_LIBRARY_PATH": libraries}
 
     def in_window(self, game=GAME, **further):
         display, sound = self.own(Display()), self.own(SoundServer(self.folder))
@@ -77,6 +80,14 @@ class Voices(Case):
         told = game.line("has broken down")
         self.heard(sound, told + 0.5)
         self.assertEqual(game.ended(), 128 + signal.SIGSEGV)
+
+    def test_without_any_a_window_ends_with_the_failure(self):
+        libraries = self.without("libespeak-ng.so.1", "libflite.so.1")
+        display, sound, game = self.in_window(**libraries)
+        shown = game.line("find any voices")
+        self.heard(sound, shown)  # a beep
+        display.press("Return")
+        self.assertEqual(game.ended(), 0)
 
     def test_a_message_box_is_spoken(self):
         game = os.path.join(self.folder, "game")

@@ -106,10 +106,9 @@ int VoiceSpeech::Shared::Voices() {
     const std::optional<int> counted = Worker().Voices(longest_opening);
     if (!counted) return most_voices;  // so that the settings keep what the player has chosen
     voices_ = *counted;
-    if (voices_ == 0 && hooks.silent) {
+    if (voices_ == 0 && hooks.silent && hooks.silent()) {
         Replace(MakeSilence(), Onset::kept);
         voices_ = most_voices;
-        hooks.silent();
     }
     return voices_;
 }

@@ -21,9 +21,10 @@ struct SpeechHooks {
     /// Called with a text that counts as spoken though it was not, because the synthesizer hung or
     /// there is none, so that it can be shown; on the game's thread.
     std::function<void(std::string_view)> unspoken{};
-    /// Called once if there are no voices, when they are counted. The count is most_voices then,
-    /// and texts take their time in silence. Without this hook the count is none.
-    std::function<void()> silent{};
+    /// Called once if there are no voices, when they are counted; returns whether somebody reads
+    /// the texts. Then the count is most_voices, and texts take their time in silence. If not, or
+    /// without this hook, the count is none.
+    std::function<bool()> silent{};
 };
 
 /// All engine objects made by it share one synthesizer, one thread and one stream, and only one

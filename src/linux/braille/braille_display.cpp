@@ -231,6 +231,20 @@ void BrailleDisplay::Show(const std::string& line) {
     mailbox_->Ring();
 }
 
+bool BrailleDisplay::AwaitDisplay(std::chrono::milliseconds longest,
+                                  const std::function<void()>& pump) {
+    constexpr auto between_looks = 20ms;
+    const auto end = std::chrono::steady_clock::now() + longest;
+    std::unique_lock lock(mailbox_->mutex);
+    while (!mailbox_->entered && !mailbox_->ended && std::chrono::steady_clock::now() < end) {
+        lock.unlock();
+        pump();
+        lock.lock();
+        mailbox_->changed.wait_for(lock, between_looks);
+    }
+    return mailbox_->entered;
+}
+
 void BrailleDisplay::SetFocus(bool focused) {
     const std::lock_guard lock(mailbox_->mutex);
     mailbox_->focused = focused;

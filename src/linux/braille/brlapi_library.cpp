@@ -23,8 +23,8 @@ std::optional<BrlapiLibrary> LoadBrlapi() {
     void* const library = ::dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) return std::nullopt;
     BrlapiLibrary found{};
-    const auto find = [library](const char* name, auto& function) {
-        return FindFunction(library, name, function);
+    const auto find = [library](const char* symbol, auto& function) {
+        return FindFunction(library, symbol, function);
     };
     const bool whole = find("brlapi_getHandleSize", found.handle_size) &&
                        find("brlapi_error_location", found.error) &&

@@ -12,6 +12,9 @@ struct BrailleDisplay::Mailbox {};
 BrailleDisplay::BrailleDisplay(Plan) {}
 BrailleDisplay::~BrailleDisplay() = default;
 void BrailleDisplay::Show(const std::string&) {}
+bool BrailleDisplay::AwaitDisplay(std::chrono::milliseconds, const std::function<void()>&) {
+    return false;
+}
 void BrailleDisplay::SetFocus(bool) {}
 void BrailleDisplay::GiveBack() {}
 

@@ -18,10 +18,11 @@ constexpr std::chrono::seconds longest_silence{10};
 }  // namespace
 
 HeardVoice::HeardVoice(const Hearing& hearing, std::function<void()> patience, WriteLine explain,
-                       WriteLine unspoken)
+                       WriteLine unspoken, std::function<bool()> readable)
     : sound_(hearing.sound),
       explain_(std::move(explain)),
       unspoken_(std::move(unspoken)),
+      readable_(std::move(readable)),
       speech_({.patience =
                    [this, pump = std::move(patience)] {
                        TellFindings();
@@ -29,7 +30,7 @@ HeardVoice::HeardVoice(const Hearing& hearing, std::function<void()> patience, W
                        pump();
                    },
                .unspoken = [this](std::string_view text) { Show(text); },
-               .silent = [this] { ExplainSilence(); }},
+               .silent = [this] { return ExplainSilence(); }},
               hearing.voices.Maker(Hooks()), longest_silence) {
     sound_.Attach(speech_.Stream());
 }
@@ -57,10 +58,11 @@ void HeardVoice::TellFindings() {
     for (const std::string& sentence : findings) explain_(sentence);
 }
 
-void HeardVoice::ExplainSilence() {
+bool HeardVoice::ExplainSilence() {
     silent_ = true;
     explain_("Nothing is spoken: no voice could be made ready.");
     explain_("The packages libespeak-ng1 and espeak-ng-data are needed.");
+    return readable_();
 }
 
 Captioned::Captioned(Speech& voice, SoundOutput& sound, const Clock& clock, const WriteLine& write)

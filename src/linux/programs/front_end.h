@@ -48,8 +48,10 @@ class HeardVoice {
   public:
     /// `explain` gets the reason if there is no voice, or another one than usual. `unspoken` gets
     /// the texts that should have been heard and could not be said, on the voice's thread as well.
-    HeardVoice(const Hearing& hearing, std::function<void()> patience, WriteLine explain,
-               WriteLine unspoken = {});
+    /// `readable` tells, if there is no voice, whether somebody reads the lines in its place.
+    HeardVoice(
+        const Hearing& hearing, std::function<void()> patience, WriteLine explain,
+        WriteLine unspoken = {}, std::function<bool()> readable = [] { return true; });
     HeardVoice(const HeardVoice&) = delete;
     HeardVoice& operator=(const HeardVoice&) = delete;
     ~HeardVoice() { sound_.Detach(speech_.Stream()); }
@@ -62,13 +64,14 @@ class HeardVoice {
 
   private:
     void Show(std::string_view text);
-    void ExplainSilence();
+    bool ExplainSilence();
     void AddFinding(std::string_view sentence);
     GuardedVoiceHooks Hooks();
 
     SoundOutput& sound_;
     WriteLine explain_;
     WriteLine unspoken_;
+    std::function<bool()> readable_;
     std::atomic<bool> silent_{false};
     std::mutex mutex_;
     std::vector<std::string> findings_;

@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <chrono>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -21,15 +22,20 @@
 namespace tamlo {
 namespace {
 
+/// For a braille display that has not shown itself yet.
+constexpr std::chrono::milliseconds longest_look{1500};
+
 /// The text of a message box, spoken by a voice of its own, as the game's may not be set up yet.
 class SpokenMessage {
   public:
     SpokenMessage(Speech& speech, std::string text)
         : engine_(speech.CreateEngine()), text_(std::move(text)) {}
 
-    void Say() {
+    /// False if there is no voice.
+    bool Say() {
         engine_->Speak("", SpeakFlags::purge);
         engine_->Speak(text_, SpeakFlags::queue);
+        return engine_->GetVoicesCount() > 0;
     }
 
   private:
@@ -50,10 +56,13 @@ SessionEnd PlayInWindow(const Hearing& hearing, DesktopWindow& window, const Ses
     // Printed by the voice's thread as well, which must not take the window's events.
     LinePrinter unspoken(STDOUT_FILENO, LinePrinter::WhenStuck::drop, [] {});
     std::mutex one_at_a_time;
-    HeardVoice voice(hearing, pump, print, [&](const std::string& line) {
+    const WriteLine print_unspoken = [&](const std::string& line) {
         const std::lock_guard lock(one_at_a_time);
         unspoken.Print(line);
-    });
+    };
+    // Without a voice a window is for nobody, unless a braille display shows its lines.
+    HeardVoice voice(hearing, pump, print, print_unspoken,
+                     [&] { return braille.AwaitDisplay(longest_look, pump); });
     SaidLines said(StateFolder());
     const DisplayFarewell farewell(window, voice.Service());
     Captioned heard(voice.Service(), hearing.sound, system.clock, [&](const std::string& line) {
@@ -68,7 +77,9 @@ SessionEnd PlayInWindow(const Hearing& hearing, DesktopWindow& window, const Ses
                                    braille.Show(PrintableLine(text));
                                    said.Add(PrintableLine(text));
                                    SpokenMessage message(voice.Service(), text);
-                                   window.MessageBox(text, [&] { message.Say(); });
+                                   window.MessageBox(text, [&] {
+                                       if (!message.Say()) heard.Beep();
+                                   });
                                },
                            .beep = [&] { heard.Beep(); },
                            .edit = EditOnDesktop});

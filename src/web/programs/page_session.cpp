@@ -43,7 +43,11 @@ class HeardVoice {
         : sound_(sound),
           speech_({.patience = std::move(patience),
                    .unspoken = [](std::string_view text) { ShowLine(PrintableLine(text)); },
-                   .silent = [this] { ExplainSilence(); }}) {
+                   .silent =
+                       [this] {
+                           ExplainSilence();
+                           return true;
+                       }}) {
         sound_.Attach(speech_.Stream());
     }
     HeardVoice(const HeardVoice&) = delete;
