@@ -91,9 +91,10 @@ class Tidy:
         blamed = [source for source in batch if any(path == source.path for path, _ in found)]
         rest = [source for source in batch if source not in blamed]
         if not rest or not blamed:
-            blamed, rest = batch, []
-        breaches = [breach for source in blamed for breach in self.check([source])]
-        return breaches + (self.check(rest) if rest else [])
+            blamed, rest = batch[:len(batch) // 2], batch[len(batch) // 2:]
+        # Those that only clash with the rest may go together with each other.
+        parts = [[source] for source in blamed] if compiles else [blamed]
+        return [breach for part in (*parts, rest) if part for breach in self.check(part)]
 
     def name(self, path):
         path = pathlib.Path(os.path.normpath(path))
