@@ -20,7 +20,7 @@ SETTLED = 2           # minutes of a run that are not compared
 
 
 class Gaps:
-    """Counts the drop-outs in what the sink plays while `driving`: the engine never pauses there."""
+    """Counts the drop-outs in what the sink plays while `driving`: engine and background never pause there."""
 
     SILENCE = re.compile(rb"\0{%d,}" % int(SHORTEST_GAP * RATE * 4))
 
@@ -95,7 +95,7 @@ class Health:
 
     def look(self, game, player):
         """To be called often; takes note once a minute."""
-        self.gaps.driving = player.driving
+        self.gaps.driving = player.on_road
         if game is not self.game:
             self.game, self.since, self.run = game, time.monotonic(), self.run + 1
         minute = int((time.monotonic() - self.begin) / 60)

@@ -46,6 +46,7 @@ class SoakPlayer(Reader):
         self.rounds = 0  # items to pass by, for the sake of hearing them
         self.leaving = None
         self.driving = False
+        self.on_road = False  # the engine has been started, which has pauses of its own
         self.counts = {}
 
     def count(self, what):
@@ -78,12 +79,13 @@ class SoakPlayer(Reader):
                 self.orders.append(place.groups())
         elif place := re.match(r"You are at the corner of (.*) and (.*), heading (.*)", line):
             *self.corner, self.heading = place.groups()
+            self.on_road = True
         elif line.startswith("plus a tip of"):
             here = tuple(self.corner)
             self.orders.remove(here if here in self.orders else self.orders[0])
             self.count("deliveries")
         elif line.startswith("you are back to"):
-            self.driving = False
+            self.driving = self.on_road = False
             self.count("trips")
         elif "delete the saved game?" in line:
             self.answer_wanted = "yes"
