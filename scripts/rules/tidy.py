@@ -1,9 +1,9 @@
 """clang-tidy's checks, each an error (.clang-tidy), over the sources that are compiled.
 
 Most of its time goes into the headers that the sources share, so sources are checked in batches, as
-one translation unit each. Where two sources don't go together (a local name in both), and where a
-batch has findings, they are checked one by one. What is clean is not checked again until it, or a
-header that it includes, changes.
+one translation unit each. Sources that clash (a local name in both) are put apart; those of a batch
+with findings are checked one by one. What is clean is not checked again until it, or a header that it
+includes, changes.
 """
 
 import concurrent.futures
