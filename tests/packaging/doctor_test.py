@@ -49,6 +49,11 @@ class Doctor(unittest.TestCase):
                                   env={"HOME": folder, "ESPEAK_DATA_PATH": folder, **NO_SOUND})
             self.assertEqual(done.returncode, 1, done)
             self.assertIn("Install the package espeak-ng-data again.", done.stdout)
+            done = subprocess.run([BUILD / "tools/tamlo-city", "check", "original"], timeout=100,
+                                  env={"HOME": folder, "ESPEAK_DATA_PATH": folder},
+                                  capture_output=True, text=True)
+            self.assertEqual(done.returncode, 0, done)
+            self.assertIn("does not work, so the sound of names was not compared", done.stdout)
 
 
 if __name__ == "__main__":

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <exception>
 #include <iostream>
@@ -18,6 +19,7 @@
 #include "city/streets_file.h"
 #include "linux/programs/machine.h"
 #include "linux/system/user_dirs.h"
+#include "linux/system/watched_run.h"
 #include "services/disk_files.h"
 #include "services/stray_signals.h"
 #include "store/data_folder.h"
@@ -94,17 +96,34 @@ std::string ReadList() {
     return list;
 }
 
+/// Whether the voice can tell how the names of a city sound. It is tried in a process of its own:
+/// with damaged data the speech library may crash or hang.
+bool VoiceTells(const std::string& city) {
+    constexpr std::chrono::seconds longest{20};
+    const RunEnd end = RunWatched(
+        [&] {
+            if (!CanPronounce()) return 1;
+            CheckCity(city, Pronunciation);
+            return 0;
+        },
+        longest);
+    return end.status == 0 && end.signal == 0;
+}
+
 int Check(const std::string& name) {
+    const std::string city = ReadCity(name);
     Pronounce pronounce;
-    if (CanPronounce()) pronounce = Pronunciation;
-    const std::vector<CityFinding> findings = CheckCity(ReadCity(name), pronounce);
+    if (VoiceTells(city)) pronounce = Pronunciation;
+    const std::vector<CityFinding> findings = CheckCity(city, pronounce);
     int errors = 0;
     for (const CityFinding& finding : findings) {
         const bool error = finding.weight == CityFinding::Weight::error;
         errors += error;
         Print((error ? "Error. " : "Hint. ") + finding.text);
     }
-    if (!pronounce) Print("No voice is installed, so the sound of names was not compared.");
+    if (!pronounce)
+        Print(
+            "No voice is installed, or it does not work, so the sound of names was not compared.");
     const std::size_t hints = findings.size() - static_cast<std::size_t>(errors);
     if (errors > 0) {
         Print(name + " has to be mended. Errors: " + std::to_string(errors) +
