@@ -67,7 +67,7 @@ void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, in
 
 std::vector<std::string> SoundDrivers() {
     const std::string wanted = Variable("SDL_AUDIODRIVER");
-    if (wanted == "pulseaudio") return {wanted};
+    if (wanted == "pipewire" || wanted == "pulseaudio") return {wanted};
     // An empty name has the audio library read the variable itself.
     if (!wanted.empty()) return {""};
     switch (Ask(PipeWireSocket())) {
