@@ -11,6 +11,7 @@
 #include <string>
 
 #include "app/city/city_braille.h"
+#include "app/city/city_svg.h"
 #include "app/city/hear_city.h"
 #include "app/sounds_folder.h"
 #include "audio/voice/pronunciation.h"
@@ -36,7 +37,8 @@ constexpr const char* usage =
     "usage: tamlo-city check FILE|NAME   tells what is wrong with a city\n"
     "       tamlo-city new NAME < LIST   makes a city from a list of names\n"
     "       tamlo-city say FILE|NAME     speaks its names as the game does\n"
-    "       tamlo-city map FILE|NAME     prints its map in braille, as BRF\n";
+    "       tamlo-city map FILE|NAME     prints its map in braille, as BRF\n"
+    "       tamlo-city map --svg FILE|NAME   prints its map as a drawing\n";
 
 /// What can't be done, for the line on standard error.
 struct Refused : std::runtime_error {
@@ -182,6 +184,11 @@ int Map(const std::string& name) {
     return 0;
 }
 
+int Draw(const std::string& name) {
+    std::cout << CityAsSvg(name == "original" ? "The city" : "The city of " + name, NamesOf(name));
+    return 0;
+}
+
 struct Command {
     std::string_view name;
     int (*run)(const std::string& city);
@@ -196,6 +203,9 @@ int Run(int argc, char** argv) {
     }
     for (const Command& command : commands) {
         if (argc == 3 && argv[1] == command.name) return command.run(argv[2]);
+    }
+    if (argc == 4 && std::string(argv[1]) == "map" && std::string(argv[2]) == "--svg") {
+        return Draw(argv[3]);
     }
     std::cerr << usage;
     return wrong_use;
