@@ -62,7 +62,7 @@ class Stamps {
     explicit Stamps(fs::path folder) : folder_(std::move(folder)) {
         std::istringstream lines(ReadFile(folder_ / stamp_file));
         std::string name, stamp, hash;
-        while (lines >> name >> stamp >> hash) entries_[name] = stamp + ' ' + hash;
+        while (lines >> name >> stamp >> hash) entries_[name] = stamp.append(" ").append(hash);
     }
 
     bool IsCurrent(const Effect& effect) const {
@@ -76,7 +76,8 @@ class Stamps {
     void Remember(const Effect& effect, std::string_view bytes) {
         entries_[std::string(effect.name)] = StampOf(effect) + ' ' + HashOf(bytes);
         std::string text;
-        for (const auto& [name, entry] : entries_) text += name + ' ' + entry + '\n';
+        for (const auto& [name, entry] : entries_)
+            text.append(name).append(" ").append(entry).append("\n");
         WriteFile(folder_ / stamp_file, text);
     }
 
@@ -145,6 +146,7 @@ SetResult Workshop::Make(const std::vector<const Effect*>& effects, const Progre
         }
     };
     std::vector<std::jthread> threads;
+    threads.reserve(thread_count);
     for (int i = 0; i < thread_count; ++i) threads.emplace_back(work);
     threads.clear();  // joins
     return result;

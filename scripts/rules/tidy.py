@@ -24,7 +24,7 @@ BATCH = 16  # sources at most
 # the test library take clang-tidy minutes.
 DELIVERED = ("src", "soundsmith")
 FINDING = re.compile(r"^(/?[^:\s]+):(\d+):\d+: (?:error|warning): (.*)$")
-KEPT = ("-D", "-I", "-std", "-W")  # the rest says how code is made, or is g++'s own
+KEPT = ("-D", "-I", "-std", "-W", "-m")  # the rest says how code is made, or is g++'s own
 
 
 class Source:

@@ -32,6 +32,7 @@ class Descriptor {
 
 std::vector<char*> Pointers(std::vector<std::string>& words) {
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words) pointers.push_back(word.data());
     pointers.push_back(nullptr);
     return pointers;
@@ -90,7 +91,7 @@ std::string RunProgram(const std::vector<std::string>& command, const ScratchFol
         const Descriptor writing(ends[1]);
         process = Start(command, scratch, writing.Number());
     }
-    const std::string bytes = ReadAll(reading.Number());
+    std::string bytes = ReadAll(reading.Number());
     int status = 0;
     while (waitpid(process, &status, 0) < 0 && errno == EINTR) continue;
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)

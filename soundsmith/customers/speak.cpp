@@ -38,6 +38,7 @@ void WriteFile(const fs::path& path, std::string_view bytes) {
 /// UTF-8 in another character set. Throws std::runtime_error when that lacks a character.
 std::string Encoded(std::string_view text, std::string_view charset) {
     const iconv_t converter = iconv_open(std::string(charset).c_str(), "UTF-8");
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): how iconv says so
     if (converter == iconv_t(-1)) throw std::runtime_error("no character set of that name");
     std::string from(text), to(2 * text.size(), '\0');
     char *in = from.data(), *out = to.data();

@@ -21,6 +21,7 @@ namespace {
 // Slow rise and fall through `points` values, joined around the loop.
 Curve Swell(double seconds, int points, double low, double high, Chance& chance) {
     std::vector<Curve::Point> course;
+    course.reserve(static_cast<std::size_t>(points) + 1);
     for (int i = 0; i < points; ++i)
         course.push_back({seconds * i / points, chance.Between(low, high)});
     course.push_back({seconds, course.front().value});

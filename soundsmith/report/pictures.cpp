@@ -32,9 +32,14 @@ struct Picture {
     std::vector<Colour> pixels;
 
     Picture(int w, int h, Colour fill)
-        : width(w), height(h), pixels(static_cast<std::size_t>(w * h), fill) {}
+        : width(w),
+          height(h),
+          pixels(static_cast<std::size_t>(w) * static_cast<std::size_t>(h), fill) {}
 
-    Colour& At(int x, int y) { return pixels[static_cast<std::size_t>(y * width + x)]; }
+    Colour& At(int x, int y) {
+        const int index = y * width + x;
+        return pixels[static_cast<std::size_t>(index)];
+    }
 };
 
 std::string AsPng(const Picture& picture) {

@@ -142,9 +142,9 @@ std::string Page(const Set& set) {
     std::string page = std::string(page_head) + "<p>" + Summary(set) + "</p>\n";
     for (const auto& [theme, text] : rows) {
         const std::string title(theme);
-        page += "<h2>" + title + "</h2>\n<table>\n<caption>The sounds of the theme " + title +
-                "</caption>\n" + std::string(column_heads) + "<tbody>\n" + text +
-                "</tbody>\n</table>\n";
+        page.append("<h2>").append(title).append("</h2>\n<table>\n");
+        page.append("<caption>The sounds of the theme ").append(title).append("</caption>\n");
+        page.append(column_heads).append("<tbody>\n").append(text).append("</tbody>\n</table>\n");
     }
     return page + "</body>\n</html>\n";
 }
