@@ -72,7 +72,8 @@ class MenuEntry(unittest.TestCase):
                          {"sounds", "doctor", "manual"})
         self.assertRegex(entry, "(?m)^Comment=.*arrow keys and Enter")
         # What opens the manual, and the editor.
-        self.assertRegex((ROOT / "debian/control").read_text(), r"(?m)^(Recommends|Depends):[^:]*xdg-utils")
+        self.assertRegex((ROOT / "debian/control").read_text(),
+                         r"(?m)^(Recommends|Depends):[^:]*xdg-utils")
         icon = re.search(r"^Icon=(.*)$", entry, re.M)[1]
         self.assertTrue((PACKAGING / f"desktop/{icon}.svg").exists())
         described = xml.etree.ElementTree.parse(DESCRIPTION).getroot()
