@@ -285,7 +285,7 @@ class Service:
         self.tell("CANCEL SELF")
         time.sleep(0.05)
         figures["silence"].append(self.recording.await_quiet(asked, 0.1) - asked)
-        # Most of what it is told right behind breaking off, the service drops.
+        # Most of what it is told right after breaking off, the service drops.
         for _ in range(TRIES):
             if delay := self.break_off_and_say():
                 figures["break off and say"].append(delay)
@@ -312,7 +312,7 @@ class Service:
 
 
 class Command:
-    """espeak-ng started anew for every text."""
+    """espeak-ng, started for every text."""
 
     name = "espeak-ng"
 

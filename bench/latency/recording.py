@@ -16,7 +16,7 @@ GAP = bytes(4 * PIECE)      # a millisecond of entire silence, which the marker 
 
 class Recording:
     """Everything that the sink plays, each piece with the time of the monotonic clock at which it
-    was there. The sampling rate is no clock: a monitor is rendered anew when streams come and go."""
+    was there. The sampling rate is no clock: a monitor is rendered again when streams come and go."""
 
     def __init__(self, command, environment):
         self.process = subprocess.Popen(command, env=environment, stdout=subprocess.PIPE,

@@ -55,7 +55,7 @@ struct Heard {
     double first = -1;  ///< milliseconds until the first audible sample
     double gap = 0;     ///< longest between two calls of the sink
     std::size_t onset = 0;
-    std::size_t end = 0;  ///< behind the last audible sample
+    std::size_t end = 0;  ///< after the last audible sample
     double energy = 0;
     int peak = 0;
 };
@@ -165,7 +165,7 @@ void TellBreakingOff(int voice) {
         engine->Speak("", SpeakFlags::purge);
     }
     std::sort(times.begin(), times.end());
-    std::printf("%2d  broken off and said anew: %5.2F (max %5.2F)\n", voice,
+    std::printf("%2d  broken off and said again: %5.2F (max %5.2F)\n", voice,
                 times[times.size() / 2], times.back());
 }
 

@@ -7,13 +7,13 @@
 
 namespace tamlo {
 
-/// Every value is made from so many samples before the one at or before the point asked for ...
+/// Kernel taps before floor(point) ...
 inline constexpr int sinc_before = 21;
-/// ... from that one, and from so many behind it.
+/// ... and after it; floor(point) itself is one more.
 inline constexpr int sinc_after = 21;
 inline constexpr int sinc_span = sinc_before + 1 + sinc_after;
 
-/// Points in a sound are counted in samples, in fixed point with 32 bits behind the point, so
+/// Points in a sound are counted in samples, in fixed point with 32 fractional bits, so
 /// that a sound of any length takes exactly its time.
 inline constexpr int fixed_bits = 32;
 inline constexpr std::int64_t fixed_one = std::int64_t{1} << fixed_bits;
@@ -34,7 +34,7 @@ struct Walk {
     }
 };
 
-/// Makes the next `frames` values of a walk and leaves the walk behind them. For every point p on
+/// Makes the next `frames` values of a walk and leaves the walk after them. For every point p on
 /// the way, samples[floor(p) - sinc_before] to samples[floor(p) + sinc_after] must be readable.
 /// Steps above 1 don't filter away what the stream can't hold.
 using Interpolator = void (*)(const float* samples, Walk& walk, int frames, float* out);

@@ -13,7 +13,7 @@ constexpr std::size_t more_phones = 5;
 /// How many on either side a phone is coloured by.
 constexpr std::size_t context = 2;
 constexpr double guessed_length = 0.085;
-/// What is kept of the silence before the first phone and behind the last, in seconds.
+/// What is kept of the silence before the first phone and after the last, in seconds.
 constexpr double kept_before = 0.01;
 constexpr double kept_behind = 0.03;
 

@@ -41,7 +41,7 @@ class FliteSentence {
     FliteSentence(const FliteSentence&) = delete;
     FliteSentence& operator=(const FliteSentence&) = delete;
 
-    /// Appends the frames of the next phones, one behind the other; false when the sentence is
+    /// Appends the frames of the next phones, one after the other; false when the sentence is
     /// over. Silence at both ends is left out.
     bool Next(std::vector<float>& frames);
     /// Of frames, after the first ones.
@@ -50,7 +50,7 @@ class FliteSentence {
   private:
     struct Phone {
         cst_item* item;
-        double end;  ///< seconds from the start; behind the phones made so far a guess
+        double end;  ///< seconds from the start; after the phones made so far a guess
     };
 
     void MakeSounds(std::size_t first, std::size_t end);

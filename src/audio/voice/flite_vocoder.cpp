@@ -8,7 +8,7 @@ namespace {
 
 /// The longest sentence, slowly: the library makes room for it, but touches only what it needs.
 constexpr int most_frames = 60 * 200;
-/// Samples between two calls: less than a frame has, so that there is one behind every frame.
+/// Samples between two calls: less than a frame has, so that there is one after every frame.
 constexpr int call_after = 1;
 
 /// Walks through the frames of a sentence at a pace. The library is handed the same frame again and
@@ -19,7 +19,7 @@ class Walker {
     Walker(FliteSentence& sentence, double pace, const Synthesizer::Sink& sink)
         : sentence_(sentence), pace_(pace), sink_(sink) {}
 
-    /// Makes the next frame; false behind the last.
+    /// Makes the next frame; false after the last.
     bool Step();
     float* Frame() { return frame_.data(); }
 

@@ -34,7 +34,7 @@ class SpeechStream : public Source {
 
     /// Samples that may be put in now.
     int Room() const noexcept;
-    /// Puts mono samples, -1 to 1, behind what was written; there must be room. They are heard
+    /// Puts mono samples, -1 to 1, after what was written; there must be room. They are heard
     /// only after Commit.
     void Put(std::span<const float> samples) noexcept;
     void Publish() noexcept;
@@ -100,7 +100,7 @@ class SpeechStream : public Source {
     std::atomic<std::uint64_t> written_{0};
     std::atomic<std::uint64_t> dropped_{0};
     std::atomic<std::uint64_t> taken_{0};  ///< for good
-    std::atomic<bool> starving_{true};     ///< silence was added behind all that was heeded
+    std::atomic<bool> starving_{true};     ///< silence was added after all that was taken in
     std::atomic<int> ring_at_{-1};  ///< samples left at which the maker wants to be woken, or -1
     std::atomic<float> gain_target_{1.0F};
     std::atomic<std::uint64_t> heard_up_to_{0};

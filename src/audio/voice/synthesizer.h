@@ -44,7 +44,7 @@ std::unique_ptr<Synthesizer> MakeSilence();
 /// Several at a time take turns. `library`: its file name.
 std::unique_ptr<Synthesizer> MakeFlite(const char* library = "libflite.so.1");
 
-/// The voices of two engines as one list. Those of the second come behind `places` of the first;
+/// The voices of two engines as one list. Those of the second come after `places` of the first;
 /// where the first has none, its first voice speaks, or the second's if it has none at all.
 std::unique_ptr<Synthesizer> JoinFamilies(std::unique_ptr<Synthesizer> first, int places,
                                           std::unique_ptr<Synthesizer> second);

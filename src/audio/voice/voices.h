@@ -9,7 +9,7 @@ namespace tamlo {
 
 // The player's configuration stores a voice's number: the voices of voice_table come first, then
 // those of flite_voices. A number means the same voice everywhere: where a voice is not installed,
-// the first one of its table speaks in its place, and the list ends behind the last installed one.
+// the first one of its table speaks in its place, and the list ends after the last installed one.
 
 struct VoiceEntry {
     const char* name;     ///< the engine's file name of the language
@@ -29,7 +29,7 @@ inline constexpr std::array voice_table{
     VoiceEntry{"gmw/en-029", "", "Caribbean man"},
     VoiceEntry{"gmw/en-US", "klatt2", "third American man"},
 };
-/// Fixed for good, since the next table's voices are counted behind it: new ones go to the end of
+/// Fixed for good, since the next table's voices are counted after it: new ones go to the end of
 /// the last table.
 static_assert(voice_table.size() == 10);
 

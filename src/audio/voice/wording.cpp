@@ -29,7 +29,7 @@ std::size_t EndOfDigits(std::string_view text, std::size_t from) {
 
 struct Reading {
     std::string words;
-    std::size_t end = 0;  ///< index behind what the words stand for
+    std::size_t end = 0;  ///< index after what the words stand for
 };
 
 std::string Counted(std::string_view number, std::string_view unit) {
@@ -45,7 +45,7 @@ std::string WithoutLeadingZeros(std::string digits) {
 }
 
 /// Whole dollars from `i`, with or without commas between groups of three digits; moves `i`
-/// behind them.
+/// after them.
 std::string TakeDollars(std::string_view text, std::size_t& i) {
     std::size_t end = EndOfDigits(text, i);
     std::string digits(text.substr(i, end - i));
@@ -59,11 +59,11 @@ std::string TakeDollars(std::string_view text, std::size_t& i) {
     return WithoutLeadingZeros(std::move(digits));
 }
 
-/// Whether the point behind whole dollars ends a sentence, too: not before another mark nor in
+/// Whether the point after whole dollars ends a sentence, too: not before another mark nor in
 /// the middle of a sentence ("$20. please").
-bool EndsSentence(std::string_view behind_point) {
-    std::size_t next = std::min(behind_point.find_first_not_of(' '), behind_point.size());
-    char c = At(behind_point, next);
+bool EndsSentence(std::string_view after_point) {
+    std::size_t next = std::min(after_point.find_first_not_of(' '), after_point.size());
+    char c = At(after_point, next);
     if (next == 0) return c == '\n';
     return !(c >= 'a' && c <= 'z') && c != '\0';
 }
@@ -101,12 +101,12 @@ std::optional<Reading> ReadMoney(std::string_view text, std::size_t i) {
     return Reading{std::move(words), i};
 }
 
-/// Whether something that begins behind `c` stands alone.
+/// Whether something that begins after `c` stands alone.
 bool OpensTime(char c) {
     return c == '\0' || c == ' ' || c == '\n' || c == '(' || c == '"' || c == '\'';
 }
 
-/// Whether something that ends at `i` stands alone: a blank or closing mark follows, and behind a
+/// Whether something that ends at `i` stands alone: a blank or closing mark follows, and after a
 /// mark no further part of the same word.
 bool ClosesTime(std::string_view text, std::size_t i) {
     constexpr std::string_view marks = ".,;!?)\"'";

@@ -34,7 +34,7 @@ class CardStream {
     virtual int Frames() const = 0;
     /// Whether the card or its server is known to be gone.
     virtual bool Gone() const = 0;
-    /// Whether the server has paused it, and will go on of itself.
+    /// Whether the server has paused it, and will go on by itself.
     virtual bool Paused() const { return false; }
 
     virtual Resizing CanResize() const { return Resizing::none; }
