@@ -195,7 +195,7 @@ void Doctor::LookAtSounds() {
     for (const Effect* effect : CheckedEffects()) {
         const std::string name(effect->name);
         const bool there = files.Length(folder + "/" + name + ".wav").value_or(0) > 0;
-        if (there && !IsUnaltered(files, folder, *effect)) altered += " " + name;
+        if (there && !IsUnaltered(files, folder, *effect)) altered.append(" ").append(name);
     }
     const std::string all = std::to_string(Effects().size());
     if (sounds_complete_) {

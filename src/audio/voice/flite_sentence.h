@@ -32,7 +32,10 @@ class FliteSentence {
     struct Shape {
         int channels = 0;
         int bands = 0;
-        std::size_t Width() const { return static_cast<std::size_t>(channels + bands); }
+        std::size_t Width() const {
+            const int values = channels + bands;
+            return static_cast<std::size_t>(values);
+        }
     };
 
     /// `text`: a Sentence's, see sentences.h. The library and the model live longer.

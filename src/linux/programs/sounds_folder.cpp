@@ -7,7 +7,7 @@
 namespace tamlo {
 
 std::string SoundsFolder() {
-    const std::string own = ProgramFolder();
+    std::string own = ProgramFolder();
     // Relative, so that an installed game can be moved, or unpacked anywhere.
     for (const char* folder : {"/.", "/../game", "/../../../share/games/tamlo-delivery"}) {
         std::error_code none;

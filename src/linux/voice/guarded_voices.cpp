@@ -103,8 +103,9 @@ class Wanted {
 
 class GuardedVoices : public Synthesizer {
   public:
-    GuardedVoices(std::shared_ptr<VoiceHost> host, std::shared_ptr<VoiceReports> reports,
-                  FamilySizes sizes, GuardedVoiceHooks hooks, const VoicePatience& patience)
+    GuardedVoices(const std::shared_ptr<VoiceHost>& host,
+                  const std::shared_ptr<VoiceReports>& reports, FamilySizes sizes,
+                  GuardedVoiceHooks hooks, const VoicePatience& patience)
         : sizes_(std::move(sizes)), hooks_(std::move(hooks)), patience_(patience) {
         for (std::size_t i = 0; i < sizes_.size(); ++i) {
             families_.push_back(
