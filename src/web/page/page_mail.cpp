@@ -1,7 +1,9 @@
 #include "web/page/page_mail.h"
 
+#include <cstdlib>
 #include <utility>
 
+#include "web/files/folded_wave.h"
 #include "web/files/pack.h"
 
 namespace tamlo {
@@ -36,9 +38,11 @@ void PageMail::Deliver(KeptFiles& files) {
 
 void PageMail::AwaitSounds(KeptFiles& files) {
     while (!sounds_came_) sounds_bell_.Sleep();
-    ReadPack(sounds_, [&files](const std::string& name, std::string_view bytes) {
-        files.PutPrograms(name, bytes);
+    ReadPack(sounds_, [this, &files](const std::string& name, std::string_view bytes) {
+        sounds_unfolded_.push_back(UnfoldedWave(bytes));
+        files.PutPrograms(name, sounds_unfolded_.back());
     });
+    std::free(const_cast<char*>(sounds_.data()));
 }
 
 }  // namespace tamlo

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -27,7 +28,8 @@ class PageMail {
     // On the page's thread; these never wait.
 
     void SendFile(Owner owner, std::string name, std::string bytes);
-    /// A pack (see ReadPack) with the program's files that are still missing. It is never freed.
+    /// A pack (see ReadPack) with the program's sounds that are still missing, folded; allocated by
+    /// malloc.
     void SendSounds(std::string_view pack) noexcept;
 
     // On the game's thread.
@@ -48,6 +50,7 @@ class PageMail {
     Handover<Letter> letters_;
     std::vector<std::unique_ptr<Letter>> programs_;  ///< whose bytes are in use
     std::string_view sounds_;
+    std::deque<std::string> sounds_unfolded_;
     std::atomic<bool> sounds_came_{false};
     Wakeup sounds_bell_;
 };

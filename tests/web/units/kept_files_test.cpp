@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "web/files/folded_wave.h"
 #include "web/files/pack.h"
 
 namespace tamlo {
@@ -110,6 +111,19 @@ TEST(Pack, GivesItsFilesOrNone) {
     }
     EXPECT_FALSE(ReadPack(pack + "more", put));
     EXPECT_EQ(found, "");
+}
+
+TEST(FoldedWave, UnfoldsToWhatItWas) {
+    const std::string head("RIFF\0\0\0\0WAVEnote\1\0\0\0?\0fmt \4\0\0\0\1\0\1\0data\x8\0\0\0", 42);
+    // 100, 150, -32768, 32767: in sixteen bits 100, -50, 32568, -32619 from where they were led to.
+    const std::string folded = head + std::string("\xC8\x63\x70\xD5\0\0\xFE\xFE", 8) + "tail";
+    const std::string wave = UnfoldedWave(folded);
+    EXPECT_EQ(wave.substr(0, 42), head);
+    EXPECT_EQ(wave.substr(42, 8), std::string("\x64\0\x96\0\0\x80\xFF\x7F", 8));
+    EXPECT_EQ(wave.substr(50), "tail");
+    for (std::size_t cut = 0; cut < folded.size(); ++cut) {
+        EXPECT_EQ(UnfoldedWave(folded.substr(0, cut)).size(), cut);
+    }
 }
 
 }  // namespace
