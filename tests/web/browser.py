@@ -128,6 +128,10 @@ class Page:
             raise AssertionError(f"{code}: {answer['error']}")
         return answer.get("value")
 
+    def go(self, address):
+        """Leaves for another page, so no answer comes."""
+        self.commands.put({"id": 0, "code": f"void location.assign({address!r})"})
+
     def await_line(self, text, since=0, patience=PATIENCE):
         """Waits for a line that begins so, after a number of lines; how many there were by then."""
         found = []
@@ -140,8 +144,16 @@ class Page:
             wait_until(look, f"the line {text!r}", patience)
         except AssertionError as late:
             raise AssertionError(f"{late}; lines {self.lines[-12:]}, status {self.status}, "
-                                 f"console {self.console[-5:]}, {self.troubles}") from None
+                                 f"console {self.console[-5:]}, {self.troubles}, {self.state()}") from None
         return found[0]
+
+    def state(self):
+        """What may tell why nothing goes on."""
+        try:
+            return self.run("[document.hasFocus(), document.activeElement.id, !!tamlo.front.run, "
+                            "!!tamlo.front.run?.program, !!tamlo.front.run?.begun, JSON.stringify(tamlo.sound?.figures())]", 10)
+        except AssertionError as gone:
+            return str(gone)
 
     def await_status(self, text, patience=PATIENCE):
         try:

@@ -86,7 +86,7 @@ class Sound {
     this.context = context;
     context.onstatechange = () => this.wake();
     this.join(context).catch((error) => console.log(`no sound: ${error.message}`));
-    setTimeout(() => this.watch(context), patienceWithSound);
+    setTimeout(() => this.watch(context), patienceWithSound / 4);
   }
 
   async join(context) {
@@ -95,7 +95,13 @@ class Sound {
     this.node = new AudioWorkletNode(context, 'ring-reader', {numberOfInputs: 0, outputChannelCount: [2]});
     this.node.port.onmessage = ({data}) => this.taken?.(data);
     this.node.connect(context.destination);
-    if (this.memory) this.node.port.postMessage(this.memory);
+    this.connect();
+  }
+
+  connect() {
+    if (!this.node || !this.memory) return;
+    this.node.port.postMessage(this.memory);
+    this.joined = performance.now();
   }
 
   /// Browsers stop the sound of pages now and then.
@@ -108,22 +114,23 @@ class Sound {
   /// A context that was begun and takes nothing is made again.
   watch(context) {
     if (context !== this.context || this.figures().asked > 0) return;
-    if (document.visibilityState !== 'visible' || !this.memory) {
-      setTimeout(() => this.watch(context), patienceWithSound);
+    const since = this.joined ? performance.now() - this.joined : 0;
+    if (since < patienceWithSound || document.visibilityState !== 'visible') {
+      setTimeout(() => this.watch(context), patienceWithSound / 4);
       return;
     }
     if (++this.tries > mostSounds) return;
-    console.log(`sound: ${context.state}, ${this.node ? 'joined' : 'not joined'}, begun again`);
-    this.node?.disconnect();
+    console.log(`sound: ${context.state}, begun again`);
+    this.node.disconnect();
     context.close();
-    this.node = this.context = undefined;
+    this.node = this.context = this.joined = undefined;
     this.open();
   }
 
   read(buffer, ring) {
     this.memory = {buffer, ring};
     this.words = new Uint32Array(buffer, ring, 8);
-    this.node?.port.postMessage(this.memory);
+    this.connect();
   }
 
   measure(on, taken) {

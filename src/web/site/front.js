@@ -5,6 +5,7 @@ import {Run, sound, sounds} from './engine.js';
 
 const mostLines = 8;
 const mostSpoken = 30;
+const patience = 1500;  // ms until a player is told that it takes longer
 const brokenDown = 'I’m sorry, but Tamlo Delivery has broken down. What you have saved is kept. '
   + 'Please start the game again.';
 
@@ -54,6 +55,8 @@ export class Front {
     this.next = undefined;
     this.begin.at = performance.timeOrigin + performance.now();
     this.tell('');
+    const waiting = setTimeout(() => this.tell('The game is being loaded. Please wait.'), patience);
+    this.run.loaded.finally(() => clearTimeout(waiting)).catch(() => {});
     const {why, files = [], done = () => {}} = await this.prepare();
     if (why) return this.refuse(why);
     this.button.hidden = true;
@@ -87,7 +90,8 @@ export class Front {
   }
 
   async say(run, text) {
-    const end = await run.begin('say', {text}).catch((error) => ({brokenDown: error.message}));
+    const page = {line: (line) => this.showLine(line)};
+    const end = await run.begin('say', {text, page}).catch((error) => ({brokenDown: error.message}));
     if (end.brokenDown || end.status !== 0) sayByBrowser(text);
   }
 

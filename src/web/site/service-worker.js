@@ -11,11 +11,11 @@ self.addEventListener('install', (event) => event.waitUntil((async () => {
   if (!self.registration.active) await self.skipWaiting();
 })()));
 
+// A page that began without it goes on without it: what is being fetched must not change hands.
 self.addEventListener('activate', (event) => event.waitUntil((async () => {
   for (const name of await caches.keys()) {
     if (name.startsWith('tamlo ') && name !== cacheName) await caches.delete(name);
   }
-  await self.clients.claim();
 })()));
 
 self.addEventListener('message', ({data}) => {
