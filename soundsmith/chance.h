@@ -19,7 +19,7 @@ class Chance {
         }
     }
 
-    // In [0, 1).
+    /// In [0, 1).
     double Next() {
         state_ += 0x9e3779b97f4a7c15u;  // splitmix64
         std::uint64_t z = state_;
@@ -30,10 +30,10 @@ class Chance {
 
     double Between(double low, double high) { return low + (high - low) * Next(); }
 
-    // Near 1: within `part` of it either way. For detuning, unequal strength, uneven time.
+    /// Near 1: within `part` of it either way. For detuning, unequal strength, uneven time.
     double About(double part) { return 1.0 + part * Between(-1.0, 1.0); }
 
-    // Evenly spread over -1 to 1: one sample of white noise.
+    /// Evenly spread over -1 to 1: one sample of white noise.
     double Noise() { return Between(-1.0, 1.0); }
 
     bool OneIn(double count) { return Next() * count < 1.0; }

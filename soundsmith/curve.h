@@ -16,13 +16,13 @@ class Curve {
         double value;
     };
 
-    // Points stand in the order of their times.
+    /// Points stand in the order of their times.
     Curve(double constant) : points_{{0.0, constant}} {}  // a number is a flat curve
     Curve(std::initializer_list<Point> points) : points_(points) {}
     explicit Curve(std::vector<Point> points) : points_(std::move(points)) {}
 
-    // On the straight line between the two nearest points; level before the first and after the
-    // last.
+    /// On the straight line between the two nearest points; level before the first and after the
+    /// last.
     double operator()(double seconds) const {
         const auto after =
             std::upper_bound(points_.begin(), points_.end(), seconds,
@@ -38,14 +38,14 @@ class Curve {
     std::vector<Point> points_;
 };
 
-// The shape of something struck or plucked: a straight rise, then a fall to 1/1000 in `fall`.
+/// The shape of something struck or plucked: a straight rise, then a fall to 1/1000 in `fall`.
 inline double Struck(double seconds, double rise, double fall) {
     if (seconds < 0.0) return 0.0;
     if (seconds < rise) return seconds / rise;
     return std::exp(-6.9 * (seconds - rise) / fall);
 }
 
-// A rounded hill from 0 up to 1 and back within `length` seconds.
+/// A rounded hill from 0 up to 1 and back within `length` seconds.
 inline double Hill(double seconds, double length) {
     if (seconds <= 0.0 || seconds >= length) return 0.0;
     const double s = std::sin(3.14159265358979323846 * seconds / length);

@@ -9,12 +9,12 @@
 
 namespace tamlo::soundsmith {
 
-// A second-order section. Frequencies in hertz; those near or above half the rate are held below.
+/// A second-order section. Frequencies in hertz; those near or above half the rate are held below.
 class Biquad {
   public:
     static Biquad LowPass(int rate, double hz, double q = 0.707);
     static Biquad HighPass(int rate, double hz, double q = 0.707);
-    static Biquad BandPass(int rate, double hz, double q);  // gain 1 at hz
+    static Biquad BandPass(int rate, double hz, double q);  ///< gain 1 at hz
     static Biquad HighShelf(int rate, double hz, double decibels);
     static Biquad Peaking(int rate, double hz, double q, double decibels);
 
@@ -25,7 +25,7 @@ class Biquad {
         return out;
     }
 
-    // The whole sound, from rest; a loop is gone through twice, so that it begins as it ends.
+    /// The whole sound, from rest; a loop is gone through twice, so that it begins as it ends.
     void Run(Sound& sound);
 
   private:
@@ -41,22 +41,22 @@ void HighPass(Sound& sound, double hz, double q = 0.707);
 void BandPass(Sound& sound, double hz, double q);
 void Boost(Sound& sound, double hz, double q, double decibels);
 
-// A low-pass whose corner moves: brightness that opens and closes.
+/// A low-pass whose corner moves: brightness that opens and closes.
 void MovingLowPass(Sound& sound, const Curve& hz);
 
-// One resonance of a body, a pipe or a throat.
+/// One resonance of a body, a pipe or a throat.
 struct Resonance {
     double hz;
     double q;
     double gain;
 };
 
-// The sound through resonances side by side, plus `direct` of itself.
+/// The sound through resonances side by side, plus `direct` of itself.
 Sound Resonate(const Sound& sound, std::initializer_list<Resonance> resonances,
                double direct = 0.0);
 Sound Resonate(const Sound& sound, const std::vector<Resonance>& resonances, double direct = 0.0);
 
-// The level over time times a curve.
+/// The level over time times a curve.
 void Shape(Sound& sound, const Curve& level);
 
 }  // namespace tamlo::soundsmith

@@ -12,15 +12,15 @@
 
 namespace tamlo::soundsmith {
 
-// What a recipe is told: the room it has and its own chance. Recipes work at a rate two to four
-// times that of their file, so that hard edges and bent waves leave no false tones behind.
+/// What a recipe is told: the room it has and its own chance. Recipes work at a rate two to four
+/// times that of their file, so that hard edges and bent waves leave no false tones behind.
 struct Brief {
     const Effect& effect;
     int rate;        // to make the sound at
-    double seconds;  // the room in the file; 0 when it may be as long as it likes
+    double seconds;  ///< the room in the file; 0 when it may be as long as it likes
     Chance chance;   // seeded by the effect's name
 
-    // Silence of the whole length to mix into; a loop if the effect is one.
+    /// Silence of the whole length to mix into; a loop if the effect is one.
     Sound Blank() const {
         Sound sound = Silence(rate, seconds);
         sound.loop = effect.loop;
@@ -28,12 +28,12 @@ struct Brief {
     }
 };
 
-// A recipe returns its sound at brief.rate, at any level, no longer than brief.seconds (what is
-// longer is cut off).
+/// A recipe returns its sound at brief.rate, at any level, no longer than brief.seconds (what is
+/// longer is cut off).
 using Recipe = Sound (*)(Brief brief);
 
 struct RecipeEntry {
-    std::string_view name;  // of the effect
+    std::string_view name;  ///< of the effect
     Recipe make;
 };
 
@@ -45,14 +45,14 @@ std::span<const RecipeEntry> PlaceRecipes();
 std::span<const RecipeEntry> RoadRecipes();
 std::span<const RecipeEntry> VehicleRecipes();
 
-// Throws std::runtime_error when the effect has no recipe.
+/// Throws std::runtime_error when the effect has no recipe.
 Recipe RecipeFor(const Effect& effect);
 
-// The folder of the effect's recipe, as a heading for people.
+/// The folder of the effect's recipe, as a heading for people.
 std::string_view ThemeOf(const Effect& effect);
 
-// Changes whenever the effect's file could come out differently: with its row, with the sources of
-// its theme, with the vocabulary that all share.
+/// Changes whenever the effect's file could come out differently: with its row, with the sources of
+/// its theme, with the vocabulary that all share.
 std::string StampOf(const Effect& effect);
 
 }  // namespace tamlo::soundsmith

@@ -8,8 +8,8 @@
 
 namespace tamlo::soundsmith {
 
-// The sound in the bytes of a RIFF/WAVE file of one channel, 8 or 16 bits; unknown chunks are
-// skipped. Throws std::runtime_error for anything else.
+/// The sound in the bytes of a RIFF/WAVE file of one channel, 8 or 16 bits; unknown chunks are
+/// skipped. Throws std::runtime_error for anything else.
 Sound ReadWave(std::string_view bytes);
 
 }  // namespace tamlo::soundsmith

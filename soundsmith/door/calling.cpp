@@ -6,6 +6,8 @@
 #include "vocabulary/bodies.h"
 #include "vocabulary/room.h"
 #include "vocabulary/sources.h"
+#include "vocabulary/voices.h"
+#include "vocabulary/walk.h"
 
 namespace tamlo::soundsmith {
 
@@ -37,6 +39,14 @@ Sound FrameRattle(int rate, Chance& chance) {
     return rattle;
 }
 
+/// What is heard behind the door while the bell rings out, at `share` of the bell's peak: the
+/// player waits for the file's end.
+void AddInside(Sound& bell, Sound inside, double share) {
+    BehindDoor(inside);
+    NormalisePeak(inside, share * Peak(bell));
+    MixAt(bell, inside, 0.0);
+}
+
 }  // namespace
 
 Sound KnockOnWood(Brief brief) {
@@ -63,6 +73,9 @@ Sound DingDong(Brief brief) {
     MixAt(bell, plate(659.3, 2.6), 0.04);
     MixAt(bell, plate(523.3, 3.2), 0.78, 1.05);
     AddRoom(bell, hallway);
+    Sound inside = brief.Blank();
+    AddWalk(inside, HouseSlipper(), {6, 1.9, 0.36, 0.5, 1.3}, brief.chance);
+    AddInside(bell, inside, 0.22);
     return bell;
 }
 
@@ -106,6 +119,11 @@ Sound Chime(Brief brief) {
               i == 3 ? 1.15 : 1.0);
     }
     AddRoom(chime, hallway);
+    Sound inside = brief.Blank();
+    for (const double at : {2.5, 2.85})
+        MixAt(inside, Bark(brief.rate, 420, 0.2, brief.chance), at, 1.2);
+    AddWalk(inside, HouseSlipper(), {5, 2.3, 0.34, 0.3, 0.8}, brief.chance);
+    AddInside(chime, inside, 0.25);
     return chime;
 }
 

@@ -6,16 +6,16 @@
 
 namespace tamlo::soundsmith {
 
-// At the crossing.
+/// At the crossing.
 Sound CrossingBell(Brief brief);
 Sound FreightTrain(Brief brief);
 Sound PassengerTrain(Brief brief);
 
-// The services.
+/// The services.
 Sound Ambulance(Brief brief);
 Sound PoliceStop(Brief brief);
 
-// Traffic.
+/// Traffic.
 Sound OldCar(Brief brief);
 Sound NearMiss(Brief brief);
 Sound Truck(Brief brief);
@@ -25,13 +25,13 @@ Sound Motorbike(Brief brief);
 Sound Tram(Brief brief);
 Sound SportsCar(Brief brief);
 
-// On wheels without an engine.
+/// On wheels without an engine.
 Sound Bicycle(Brief brief);
 Sound Trolley(Brief brief);
 Sound Skateboard(Brief brief);
 Sound HorseAndCarriage(Brief brief);
 
-// On foot, on paws, in the air.
+/// On foot, on paws, in the air.
 Sound MarchingBand(Brief brief);
 Sound Jogger(Brief brief);
 Sound RunningDog(Brief brief);

@@ -10,7 +10,7 @@ namespace tamlo::soundsmith {
 namespace {
 
 constexpr double idle = 28.0 / 4.0;  // cycles of four firings a second
-constexpr double idle_level = 0.17;
+constexpr double idle_level = 0.27;
 constexpr double idle_load = 0.5;
 constexpr double fan = 0.0025;  // level of the cooling fan, for each cycle a second
 constexpr double idle_bright = 3200;

@@ -8,7 +8,7 @@ namespace tamlo::soundsmith {
 namespace {
 
 constexpr double idle = 25.0;        // firings a second, one a cycle
-constexpr double idle_level = 0.17;  // of the level under load: the idle is a bed under speech
+constexpr double idle_level = 0.31;  // of the level under load: the idle is a bed under speech
 constexpr double idle_load = 0.55;
 constexpr double idle_bright = 3400;
 

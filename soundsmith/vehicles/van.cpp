@@ -7,7 +7,7 @@ namespace tamlo::soundsmith {
 namespace {
 
 constexpr double idle = 41.0 / 8.0;  // cycles of eight firings a second
-constexpr double idle_level = 0.17;
+constexpr double idle_level = 0.22;
 constexpr double idle_load = 0.6;
 constexpr double idle_bright = 1900;
 

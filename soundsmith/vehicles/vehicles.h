@@ -18,11 +18,11 @@ Sound VanPullsAway(Brief brief);
 Sound MovingOff(Brief brief);
 Sound Arrival(Brief brief);
 
-// A stretch of driving.
+/// A stretch of driving.
 struct Ride {
     Curve cycles;     // of the engine, a second
     Curve load;       // 0 to 1
-    Curve bright_hz;  // what lies above is damped: a closed throttle is dull
+    Curve bright_hz;  ///< what lies above is damped: a closed throttle is dull
     Curve level;
 };
 

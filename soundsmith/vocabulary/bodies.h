@@ -9,7 +9,7 @@
 
 namespace tamlo::soundsmith {
 
-// One ringing tone; `fall` is the time in seconds to 1/1000 of its level.
+/// One ringing tone; `fall` is the time in seconds to 1/1000 of its level.
 struct Mode {
     double hz;
     double fall;
@@ -26,20 +26,20 @@ struct Click {
 struct Body {
     std::vector<Mode> modes;
     Click click;
-    double detune = 0.01;  // how far tones wander from blow to blow
+    double detune = 0.01;  ///< how far tones wander from blow to blow
 };
 
-// One blow. A weak one (strength below 1) is duller as well as quieter.
+/// One blow. A weak one (strength below 1) is duller as well as quieter.
 Sound Hit(const Body& body, int rate, double strength, Chance& chance);
 
-// The same body, larger or smaller: all its tones times `factor`.
+/// The same body, larger or smaller: all its tones times `factor`.
 Body Scaled(Body body, double factor);
 
-// A bell of pitch `hz` that rings for `fall` seconds: the partials of a cast bell, each higher one
-// dying sooner.
+/// A bell of pitch `hz` that rings for `fall` seconds: the partials of a cast bell, each higher one
+/// dying sooner.
 Body BellOf(double hz, double fall);
 
-// A struck bar, as of a chime or a glockenspiel.
+/// A struck bar, as of a chime or a glockenspiel.
 Body BarOf(double hz, double fall);
 
 }  // namespace tamlo::soundsmith

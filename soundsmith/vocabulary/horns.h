@@ -10,7 +10,7 @@
 namespace tamlo::soundsmith {
 
 struct HornKind {
-    std::vector<double> notes;  // hertz, sounding together
+    std::vector<double> notes;  ///< hertz, sounding together
     double fall_db;             // of the harmonics, an octave
     double throat_hz;           // where the trumpet is loudest
     double rise;                // seconds until it speaks
@@ -24,10 +24,10 @@ inline const HornKind passenger_horn{{311, 370}, -4, 1600, 0.05};
 
 Sound Horn(int rate, const HornKind& kind, double seconds, Chance& chance);
 
-// A siren whose pitch follows `hz`, through its loudspeaker.
+/// A siren whose pitch follows `hz`, through its loudspeaker.
 Sound Siren(int rate, double seconds, const Curve& hz);
 
-// An old rubber-bulb horn: one honk.
+/// An old rubber-bulb horn: one honk.
 Sound BulbHonk(int rate, double hz, double seconds, Chance& chance);
 
 }  // namespace tamlo::soundsmith

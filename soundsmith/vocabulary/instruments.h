@@ -6,11 +6,11 @@
 
 namespace tamlo::soundsmith {
 
-// The pitch of a note in semitones from the a at 440 hertz.
+/// The pitch of a note in semitones from the a at 440 hertz.
 double NoteHz(double semitones);
 
-// The pitch of a note by name and octave: "c4" is middle c, "f#4", "bb3". Throws std::logic_error
-// on a name that is none.
+/// The pitch of a note by name and octave: "c4" is middle c, "f#4", "bb3". Throws std::logic_error
+/// on a name that is none.
 double NoteHz(const char* name);
 
 Sound Accordion(int rate, double hz, double seconds, Chance& chance);
