@@ -64,6 +64,26 @@ TEST_F(OutputTest, OnlyWhatIsHeardOfWhatWasMadeAheadCounts) {
     EXPECT_EQ(block[0], 0.0F);
 }
 
+TEST_F(OutputTest, WhatIsMixedAgainForAChangeIsNoSignOfTheCard) {
+    std::vector<float> block(2 * 1024);
+    ASSERT_TRUE(tap_->PullAhead(block.data(), 1024));
+    const auto later = Clock::now() + 600ms;
+    const auto silence = tap_->CardSilence(later);
+    std::this_thread::sleep_for(5ms);
+    const auto change = [&] {
+        EXPECT_EQ(tap_->Rewind(512), 512);
+        for (int part = 0; part < 2; ++part) EXPECT_TRUE(tap_->PullAhead(block.data(), 256));
+    };
+    for (int changes = 0; changes < 10; ++changes) change();
+    EXPECT_EQ(tap_->CardSilence(later), silence);
+    ASSERT_TRUE(tap_->PullAhead(block.data(), 256));
+    EXPECT_LT(tap_->CardSilence(later), silence) << "a block more was asked for";
+
+    change();
+    ClockPulls(tap_).Turn(Clock::now() + 600ms);
+    EXPECT_EQ(tap_->InCharge(), Output::clock);
+}
+
 TEST_F(OutputTest, ACardThatPullsNowAndThenIsNotBack) {
     tap_->PutClockInCharge();
     for (int i = 0; i < 20; ++i) {

@@ -29,16 +29,23 @@ void Tap::Pull(float* stereo, int frames) noexcept {
     Count(frames);
 }
 
+// What is mixed again is asked for by a change, not by the card, which may be paused.
 bool Tap::PullAhead(float* stereo, int frames) noexcept {
-    NoteCardPull();
+    const int again = std::min(to_mix_again_, frames);
+    if (frames > again) NoteCardPull();
     const auto turn = TurnOf(Output::card);
     if (!turn) {
+        to_mix_again_ -= again;
         std::fill_n(stereo, 2 * frames, 0.0F);
         return true;
     }
     const bool unheard = unheard_.exchange(false);
     const bool mixed = mixer_->MixAhead(stereo, frames, !unheard);
-    if (!mixed && unheard) unheard_ = true;
+    if (mixed) {
+        to_mix_again_ -= again;
+    } else if (unheard) {
+        unheard_ = true;
+    }
     return mixed;
 }
 
@@ -48,7 +55,10 @@ void Tap::Commit(int ahead) noexcept {
 
 std::optional<int> Tap::Rewind(int ahead) noexcept {
     const auto turn = TurnOf(Output::card);
-    return turn ? mixer_->Rewind(ahead) : 0;
+    if (!turn) return 0;
+    const std::optional<int> rewound = mixer_->Rewind(ahead);
+    to_mix_again_ += rewound.value_or(0);
+    return rewound;
 }
 
 void Tap::Pass(int frames) noexcept {

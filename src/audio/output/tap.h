@@ -39,8 +39,8 @@ class Tap {
         in_charge_ = Output::clock;
     }
     Output InCharge() const { return in_charge_; }
-    /// Time at that moment since the card last pulled, in charge or not; since the start if it
-    /// never has.
+    /// Time at that moment since the card last pulled more than was rewound, in charge or not;
+    /// since the start if it never has.
     std::chrono::milliseconds CardSilence(std::chrono::steady_clock::time_point now) const;
     /// Frames taken from the mixer or passed so far.
     std::int64_t Frames() const { return frames_; }
@@ -62,6 +62,7 @@ class Tap {
     std::atomic<bool> unheard_{false};  ///< the sources have not been told yet
     std::atomic<Nanoseconds> card_pulled_;
     int steady_pulls_ = 0;  ///< by the card while the clock is in charge
+    int to_mix_again_ = 0;  ///< frames after a rewind; the card's thread only
     std::atomic<std::int64_t> frames_{0};
     std::atomic<std::int64_t> quiet_{0};
 };

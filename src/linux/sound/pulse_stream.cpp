@@ -261,6 +261,7 @@ void PulseStream::Connection::Fill() {
 void PulseStream::Connection::Write(int blocks_wanted) {
     const int most = std::max(most_at_once / frames_, 1);
     block_.resize(static_cast<std::size_t>(2 * frames_ * most));
+    int again = to_rewrite_;  // not asked for by the server
     while (blocks_wanted > 0) {
         const int some = std::min(blocks_wanted, most);
         if (!tap_->PullAhead(block_.data(), some * frames_)) return;
@@ -268,7 +269,8 @@ void PulseStream::Connection::Write(int blocks_wanted) {
                         static_cast<std::size_t>(some * frames_ * frame_bytes), nullptr,
                         -std::int64_t{to_rewrite_} * frame_bytes, PA_SEEK_RELATIVE);
         to_rewrite_ = 0;
-        blocks += some;
+        if (some * frames_ > again) ++blocks;
+        again = std::max(again - some * frames_, 0);
         blocks_wanted -= some;
     }
 }
