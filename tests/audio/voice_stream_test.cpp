@@ -195,16 +195,16 @@ TEST_F(SpeechAhead, ANewTextTakesThePlaceOfTheSilenceThatWasMade) {
     EXPECT_FALSE(Rang());
     for (int written = 0; written < 3000; written += 1000) {
         std::vector<float> ramp(1000);
-        for (int i = 0; i < 1000; ++i) ramp[i] = static_cast<float>(written + i + 1) / 4096;
+        for (int i = 0; i < 1000; ++i) ramp[i] = static_cast<float>(written + i + 1) / 8192;
         stream_.Put(ramp);
         stream_.Publish();
         EXPECT_TRUE(Rang()) << "it was starving";
     }
-    EXPECT_EQ(Ahead(4000)[0], 1.0F / 4096);
+    EXPECT_EQ(Ahead(4000)[0], 1.0F / 8192);
     // What was made is made once more up to the place, so that none is lost or heard twice.
     const std::vector<float> again = Ahead(4096 - 700);
-    EXPECT_EQ(again[0], 701.0F / 4096);
-    EXPECT_EQ(again[2299], 3000.0F / 4096);
+    EXPECT_EQ(again[0], 701.0F / 8192);
+    EXPECT_EQ(again[2299], 3000.0F / 8192);
     EXPECT_EQ(again[2300], 0.0F);
     EXPECT_EQ(stream_.Left(), 3000);
     mixer_.Commit(4096 - 2300);
