@@ -1,9 +1,11 @@
 """What PulseAudio holds is rendered again at each change, in mid-tone, and outlasts a program that
-stands still for a moment; neither is heard."""
+stands still for a moment; neither is heard. Where the system refuses what the connection needs, it
+counts as no card."""
 
 import array
 import math
 import os
+import resource
 import signal
 import subprocess
 import sys
@@ -72,6 +74,15 @@ class HeldStream(Case):
             gaps += silent == RATE // 200
         print(f"{gaps} gaps")
         self.assertLess(gaps, TRIALS)
+
+    def test_without_enough_descriptors_it_goes_on_without_a_card(self):
+        server = self.own(SoundServer(self.folder))
+        for most in range(4, 10):  # with 3, nothing can be loaded; 9 are enough
+            with self.subTest(most):
+                probe = self.own(Program(
+                    [PROBE, self.folder, "0"], self.folder, server.environment,
+                    preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (most, most))))
+                self.assertEqual(probe.ended(), 0, probe.lines)
 
 
 if __name__ == "__main__":

@@ -123,10 +123,13 @@ void PulseStream::Connection::Run() {
     TakeRealTime();
     AskBrokerFor(ThisThread());
     loop_.reset(pa_mainloop_new());
-    Watch(calls_, [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
-                     pa_io_event_flags_t /*flags*/,
-                     void* self) { static_cast<Connection*>(self)->calls_.TakeRings(); });
-    Connect();
+    gone = loop_ == nullptr;
+    if (!gone) {
+        Watch(calls_, [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
+                         pa_io_event_flags_t /*flags*/,
+                         void* self) { static_cast<Connection*>(self)->calls_.TakeRings(); });
+        Connect();
+    }
     while (!ending_ && !gone && pa_mainloop_iterate(loop_.get(), 1, nullptr) >= 0) {
     }
     gone = true;
@@ -152,6 +155,10 @@ void PulseStream::Connection::Connect() {
     pa_proplist_sets(properties.get(), PA_PROP_MEDIA_ROLE, "game");
     context_.reset(pa_context_new_with_proplist(pa_mainloop_get_api(loop_.get()), "Tamlo Delivery",
                                                 properties.get()));
+    if (!context_) {
+        gone = true;
+        return;
+    }
     pa_context_set_state_callback(
         context_.get(),
         [](pa_context* /*context*/, void* self) { static_cast<Connection*>(self)->OnContext(); },
@@ -168,12 +175,14 @@ void PulseStream::Connection::OnContext() {
     const pa_context_state_t state = pa_context_get_state(context_.get());
     if (!PA_CONTEXT_IS_GOOD(state)) Fail();
     if (state != PA_CONTEXT_READY) return;
-    Forget(pa_context_get_server_info(
+    pa_operation* question = pa_context_get_server_info(
         context_.get(),
         [](pa_context* /*context*/, const pa_server_info* server, void* self) {
             static_cast<Connection*>(self)->OnServer(server);
         },
-        this));
+        this);
+    if (question == nullptr) gone = true;
+    Forget(question);
 }
 
 // Others speak the protocol as well, but not all of them take back what they were given.
@@ -235,6 +244,10 @@ void PulseStream::Connection::OnStream() {
     if (!PA_STREAM_IS_GOOD(state)) Fail();
     if (state != PA_STREAM_READY) return;
     const pa_buffer_attr* sizes = pa_stream_get_buffer_attr(stream_.get());
+    if (sizes == nullptr) {
+        gone = true;
+        return;
+    }
     depth_ = static_cast<int>(sizes->tlength) / frame_bytes;
     Watch(*changes_, [](pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int /*descriptor*/,
                         pa_io_event_flags_t /*flags*/,
