@@ -11,7 +11,7 @@ std::string Movement(SoundPath path, int pan) {
         return path == SoundPath::nears ? ", comes near and goes away" : "";
     }
     // A positive pan takes from the left ear.
-    const std::string way = pan > 0 ? ", right to left" : ", left to right";
+    std::string way = pan > 0 ? ", right to left" : ", left to right";
     switch (path) {
         case SoundPath::halts: return way + ", halting";
         case SoundPath::in_line: return ", one behind the other" + way;

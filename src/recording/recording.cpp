@@ -122,7 +122,7 @@ struct Recording::Studio {
 
 Recording::Recording(Rehearsal& rehearsal, const RecordingFiles& files, const std::string& sounds,
                      std::unique_ptr<Synthesizer> synthesizer, RecordingChoices choices,
-                     std::function<SoundMeaning(std::string_view name)> meaning,
+                     const std::function<SoundMeaning(std::string_view name)>& meaning,
                      std::vector<double> draws)
     : studio_(std::make_unique<Studio>(rehearsal, files, sounds, std::move(synthesizer), choices,
                                        meaning, std::move(draws))) {}
@@ -136,7 +136,7 @@ Platform Recording::Services() {
 }
 
 RehearsalResult Recording::Run(const std::function<void()>& game, FieldAccess fields) {
-    const RehearsalResult result = studio_->rehearsal.Run(game, std::move(fields));
+    RehearsalResult result = studio_->rehearsal.Run(game, std::move(fields));
     studio_->desk.Close();
     WriteText(studio_->lines_path, studio_->desk.Cues().Text());
     return result;

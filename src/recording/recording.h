@@ -26,7 +26,7 @@ class Recording {
     /// can't be made or there is no voice.
     Recording(Rehearsal& rehearsal, const RecordingFiles& files, const std::string& sounds,
               std::unique_ptr<Synthesizer> synthesizer, RecordingChoices choices,
-              std::function<SoundMeaning(std::string_view name)> meaning,
+              const std::function<SoundMeaning(std::string_view name)>& meaning,
               std::vector<double> draws);
     ~Recording();
     Recording(const Recording&) = delete;

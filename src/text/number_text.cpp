@@ -51,10 +51,10 @@ std::string ShortestScientific(double number) {
     // The first try gives every decimal of up to 15 digits exactly. Subnormal numbers have fewer
     // digits.
     for (int digits = std::isnormal(number) ? 15 : 1; digits < 17; ++digits) {
-        const std::string nearest = Scientific(number, digits);
+        std::string nearest = Scientific(number, digits);
         if (Parse(nearest) == number) return nearest;
         // A power of two has its next larger neighbour twice as far away as the next smaller one.
-        const std::string above = NextUp(nearest);
+        std::string above = NextUp(nearest);
         if (Parse(above) == number) return above;
     }
     return Scientific(number, 17);

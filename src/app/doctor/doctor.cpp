@@ -22,6 +22,10 @@
 namespace tamlo {
 namespace {
 
+std::string WavePath(const std::string& folder, const Effect& effect) {
+    return folder + "/" + std::string(effect.name) + ".wav";
+}
+
 using Weight = Finding::Weight;
 
 constexpr const char* bell = "tamlo9";
@@ -185,17 +189,16 @@ void Doctor::LookAtSounds() {
     report_.Note("Folder of the sounds", folder);
     std::string missing;
     for (const Effect& effect : Effects()) {
-        const auto length = files.Length(folder + "/" + std::string(effect.name) + ".wav");
-        if (!length || *length == 0) missing += " " + std::string(effect.name);
+        const auto length = files.Length(WavePath(folder, effect));
+        if (!length || *length == 0) missing.append(" ").append(effect.name);
     }
     form_.gs.wcv = 0;
     form_.checkwave();
     sounds_complete_ = missing.empty() && form_.gs.wcv == 0;
     std::string altered;
     for (const Effect* effect : CheckedEffects()) {
-        const std::string name(effect->name);
-        const bool there = files.Length(folder + "/" + name + ".wav").value_or(0) > 0;
-        if (there && !IsUnaltered(files, folder, *effect)) altered.append(" ").append(name);
+        const bool there = files.Length(WavePath(folder, *effect)).value_or(0) > 0;
+        if (there && !IsUnaltered(files, folder, *effect)) altered.append(" ").append(effect->name);
     }
     const std::string all = std::to_string(Effects().size());
     if (sounds_complete_) {

@@ -49,7 +49,7 @@ SessionEnd Play(const std::string& sounds, const Session& session, const OnFront
     const InstalledVoices voices;  // before there are threads
     DesktopWindow::Prepare();
     SoundOutput sound(sounds);
-    const SessionEnd ending = PlayWherePossible({sound, voices}, session, on_front_end);
+    SessionEnd ending = PlayWherePossible({sound, voices}, session, on_front_end);
     if (!ending.restart) IgnoreEndSignals();
     return ending;
 }

@@ -36,6 +36,7 @@ SoundState StateOf(const SoundOutput& sound) {
 
 std::vector<std::string> VoiceNames() {
     std::vector<std::string> names;
+    names.reserve(voice_table.size() + flite_voices.size());
     for (const VoiceEntry& voice : voice_table) names.emplace_back(voice.person);
     for (const FliteVoice& voice : flite_voices) names.emplace_back(voice.person);
     return names;

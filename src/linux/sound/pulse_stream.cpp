@@ -273,13 +273,14 @@ void PulseStream::Connection::Fill() {
 
 void PulseStream::Connection::Write(int blocks_wanted) {
     const int most = std::max(most_at_once / frames_, 1);
-    block_.resize(static_cast<std::size_t>(2 * frames_ * most));
+    const int samples = 2 * frames_ * most;
+    block_.resize(static_cast<std::size_t>(samples));
     int again = to_rewrite_;  // not asked for by the server
     while (blocks_wanted > 0) {
         const int some = std::min(blocks_wanted, most);
         if (!tap_->PullAhead(block_.data(), some * frames_)) return;
-        pa_stream_write(stream_.get(), block_.data(),
-                        static_cast<std::size_t>(some * frames_ * frame_bytes), nullptr,
+        const int bytes = some * frames_ * frame_bytes;
+        pa_stream_write(stream_.get(), block_.data(), static_cast<std::size_t>(bytes), nullptr,
                         -std::int64_t{to_rewrite_} * frame_bytes, PA_SEEK_RELATIVE);
         to_rewrite_ = 0;
         if (some * frames_ > again) ++blocks;

@@ -257,12 +257,12 @@ void GuardedVoices::Replace(const Utterance& utterance, const Wanted& wanted) {
 
 }  // namespace
 
-std::unique_ptr<Synthesizer> MakeGuardedVoices(std::shared_ptr<VoiceHost> host,
-                                               std::shared_ptr<VoiceReports> reports,
+std::unique_ptr<Synthesizer> MakeGuardedVoices(const std::shared_ptr<VoiceHost>& host,
+                                               const std::shared_ptr<VoiceReports>& reports,
                                                FamilySizes sizes, GuardedVoiceHooks hooks,
                                                VoicePatience patience) {
-    return std::make_unique<GuardedVoices>(std::move(host), std::move(reports), std::move(sizes),
-                                           std::move(hooks), patience);
+    return std::make_unique<GuardedVoices>(host, reports, std::move(sizes), std::move(hooks),
+                                           patience);
 }
 
 }  // namespace tamlo

@@ -26,8 +26,8 @@ using FamilySizes = std::vector<int>;
 /// voice, else by the first voice of the next family, else replaced by tones, within 3 s. A family
 /// that is slow to open speaks from the moment it is ready. The numbers of the voices do not depend
 /// on what fails: while a family may still come, the list is as long as if it was there.
-std::unique_ptr<Synthesizer> MakeGuardedVoices(std::shared_ptr<VoiceHost> host,
-                                               std::shared_ptr<VoiceReports> reports,
+std::unique_ptr<Synthesizer> MakeGuardedVoices(const std::shared_ptr<VoiceHost>& host,
+                                               const std::shared_ptr<VoiceReports>& reports,
                                                FamilySizes sizes, GuardedVoiceHooks hooks = {},
                                                VoicePatience patience = {});
 
