@@ -27,12 +27,13 @@ void CheckSounds(Form1& form) {
 
 }  // namespace
 
-void Form1::startup() {
+void Form1::startup(const std::function<void()>& claim) {
     platform.events.ShowWindow(" Tamlo Delivery ");
     opensound();
     starttitle();  // plays during the steps below
     countvoices();
     getdatapath();
+    if (claim) claim();
     CheckSounds(*this);
     readCFG();
     setupvoice();

@@ -4,8 +4,8 @@ namespace tamlo {
 
 Form1::Form1(const Platform& services) : platform(services) {}
 
-void Form1::Form_Load() {
-    startup();
+void Form1::Form_Load(const std::function<void()>& claim) {
+    startup(claim);
     mainmenu();
     workday();
 }

@@ -3,6 +3,7 @@
 // section.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -24,10 +25,11 @@ class Form1 final : private KeyListener {
     Platform platform;
 
     ///< --- game ------------------------------------------------------------------------------
-    /// The whole game, from the start-up on. Leaves only by EndOfProcess.
-    void Form_Load();
-    /// Start-up: sound, voice, files, settings, saved game; returns before the main menu.
-    void startup();
+    /// The whole game, from the start-up on. Leaves only by EndOfProcess. See startup for `claim`.
+    void Form_Load(const std::function<void()>& claim = {});
+    /// Start-up: sound, voice, files, settings, saved game; returns before the main menu. `claim`,
+    /// if any, is called once the data folder is known, before a file in it is read or written.
+    void startup(const std::function<void()>& claim = {});
     /// Main menu; returns when a game has been started.
     void mainmenu();
     /// Start of a game: chooses the city. False: back to the main menu.

@@ -149,9 +149,10 @@ class SecondGame(Ending):
         ending = os.open(self.files, os.O_RDONLY)
         fcntl.flock(ending, fcntl.LOCK_EX)
         game = self.start(NO_SOUND, stdin=subprocess.PIPE)
+        game.line("[title tune]")
         wait_until(lambda: has_open(game.player(), self.files), "its first try")
         os.close(ending)
-        game.line("[title tune]")
+        game.line("Tamlo Delivery. version 3.")
 
     def test_a_restart_is_none(self):
         with open(SAVED_GAME, "rb") as career, \

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "rehearsed_game.h"
+#include "services/end_of_process.h"
 
 namespace tamlo {
 namespace {
@@ -21,6 +22,25 @@ TEST(StartUp, SpeaksItsTitleAfterTheTuneAndStartsWithTheDefaults) {
     EXPECT_NEAR(run.TimeOf("version 3"), 19.3, 0.3);
     EXPECT_EQ(game.Content("tamlolog.txt"), " Tamlo Delivery log file on 03-05-2015\r\n\r\n");
     EXPECT_FALSE(game.Has("tamlo.cfg"));
+}
+
+TEST(StartUp, ClaimsTheFolderWhileTheTunePlaysAndBeforeItTouchesAFile) {
+    RehearsedGame game;
+    game.Write("tamlo.cfg", " 1 \r\n 2 \r\n 60 \r\n 0 \r\n 2 \r\n");
+    bool claimed = false;
+    const auto run = game.RunProgram("", [&](Form1& form) {
+        form.Form_Load([&] {
+            EXPECT_EQ(form.gs.wb1->GetStatus(), status_playing);
+            EXPECT_EQ(form.gs.nov, 3);
+            EXPECT_EQ(form.gs.datapath, game.documents.Path() + "/tolvane");
+            EXPECT_NE(form.gs.vv, 60);
+            claimed = true;
+            throw EndOfProcess{};
+        });
+    });
+    EXPECT_TRUE(claimed);
+    EXPECT_EQ(run.Count("play tamlo1"), 1);
+    EXPECT_FALSE(game.Has("tamlolog.txt"));
 }
 
 TEST(StartUp, WithoutAVoiceSaysSoInAMessageAndEnds) {

@@ -5,9 +5,9 @@ namespace tamlo {
 
 class Form1;
 
-/// Plays the game, unless another one is playing with the same files: then waits two seconds, in
-/// case that it is just ending, tells the player, and ends with status 1. Leaves only by
-/// EndOfProcess.
+/// Plays the game, unless another one is playing with the same files: then waits two seconds
+/// with the title tune, in case that it is just ending, tells the player, and ends with status 1.
+/// Leaves only by EndOfProcess.
 void PlayIfOnlyInstance(Form1& game);
 
 }  // namespace tamlo
