@@ -149,6 +149,15 @@ TEST(Customers, WomenComeBeforeMenAndHigher) {
     EXPECT_GT(lowest_woman, 1.15 * highest_man);
 }
 
+TEST(Customers, SpeakAtTheirOwnPitch) {
+    for (const soundsmith::Customer& customer : soundsmith::cast) {
+        if (customer.pitch == 0) continue;
+        const double pitch = VoiceOf(customer.effect).pitch;
+        EXPECT_NEAR(12 * std::log2(pitch / customer.pitch), 0, 3)
+            << customer.effect << ": " << pitch;
+    }
+}
+
 TEST(Customers, AreFortyDifferentPeople) {
     const auto& people = soundsmith::cast;
     std::vector<soundsmith::VoiceMeasures> voices;
