@@ -2,6 +2,7 @@
 sink; from the button to the title; drop-outs, processor time. Called by latency --edition web."""
 
 import argparse
+import contextlib
 import json
 import os
 import statistics
@@ -9,6 +10,8 @@ import subprocess
 import sys
 import tempfile
 import time
+
+import sound_servers
 
 MEASURE = """(() => {
     globalThis.keysAt = [];
@@ -30,13 +33,21 @@ def spread(values):
 
 
 def processes_of(process):
-    """A process and all that it has started."""
-    listed = subprocess.run(["ps", "-eo", "pid=,ppid=,cputimes="], capture_output=True, text=True).stdout
+    """A process and all that it has started: their numbers, and the seconds of processor time so far."""
+    listed = subprocess.run(["ps", "-eo", "pid=,ppid="], capture_output=True, text=True).stdout
     rows = [tuple(map(int, row.split())) for row in listed.splitlines()]
     family = {process}
     for _ in range(8):
-        family |= {pid for pid, parent, _ in rows if parent in family}
-    return {pid: seconds for pid, _, seconds in rows if pid in family}
+        family |= {pid for pid, parent in rows if parent in family}
+    seconds = {}
+    for pid in family:
+        try:
+            with open(f"/proc/{pid}/stat", encoding="utf-8") as stat:
+                fields = stat.read().rpartition(")")[2].split()
+            seconds[pid] = (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+        except OSError:
+            pass  # it has just ended
+    return seconds
 
 
 def memory_of(processes):
@@ -59,17 +70,16 @@ class Bench:
 
     def run(self, options):
         with tempfile.TemporaryDirectory(prefix="tamlo-") as folder:
-            display = self.browsers.Display()
-            sound = self.browsers.SoundServer(folder)
-            recording = self.recordings.Recording(
-                ["parec", "--latency-msec=1", "-d", "null.monitor", "--format=float32le", "--rate=48000",
-                 "--channels=1"], dict(os.environ, **sound.environment))
-            try:
+            with contextlib.ExitStack() as ends:
+                display = self.browsers.Display()
+                ends.callback(display.close)
+                sound = sound_servers.SoundServer(folder)
+                ends.callback(sound.kill)
+                recording = self.recordings.Recording(
+                    ["parec", "--latency-msec=1", "-d", "null.monitor", "--format=float32le", "--rate=48000",
+                     "--channels=1"], dict(os.environ, **sound.environment))
+                ends.callback(recording.process.kill)
                 return self.measure(options, display, sound, recording)
-            finally:
-                recording.process.kill()
-                sound.kill()
-                display.close()
 
     def begin(self, site, display, sound, number, profile):
         browser = self.browsers.Browser(self.kind, site.address, display, sound, profile=profile)
