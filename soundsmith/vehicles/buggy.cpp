@@ -9,7 +9,7 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr double idle = 28.0 / 4.0;  // cycles of four firings a second
+constexpr double idle = 30.0 / 4.0;  // cycles of four firings a second: six in the idle's loop
 constexpr double idle_level = 0.27;
 constexpr double idle_load = 0.5;
 constexpr double fan = 0.0025;  // level of the cooling fan, for each cycle a second
@@ -100,9 +100,9 @@ Sound BuggyPullsAway(Brief brief) {
                    {3.1, P(76)},
                    {3.25, P(80)},
                    {4.3, P(116)},
-                   {4.9, P(112)},
-                   {5.4, P(50)},
-                   {5.75, idle}},
+                   {4.7, P(112)},
+                   {5.1, P(50)},
+                   {5.3, idle}},
         .load = {{0.0, idle_load},
                  {0.15, 0.9},
                  {1.3, 1.0},
@@ -115,9 +115,9 @@ Sound BuggyPullsAway(Brief brief) {
                  {3.25, 0.95},
                  {4.3, 0.9},
                  {4.4, 0.55},
-                 {4.9, 0.55},
-                 {5.0, 0.3},
-                 {5.75, idle_load}},
+                 {4.7, 0.55},
+                 {4.8, 0.3},
+                 {5.3, idle_load}},
         .bright_hz = {{0.0, idle_bright},
                       {0.3, 6000},
                       {1.3, 9000},
@@ -130,9 +130,14 @@ Sound BuggyPullsAway(Brief brief) {
                       {3.3, 7000},
                       {4.3, 8000},
                       {4.5, 4500},
-                      {5.0, 2800},
-                      {5.75, idle_bright}},
-        .level = {{0.0, 0.3}, {0.25, 0.9}, {4.3, 1.0}, {4.9, 0.75}, {5.2, 0.4}, {5.65, idle_level}},
+                      {4.9, 2800},
+                      {5.3, idle_bright}},
+        .level = {{0.0, 0.3},
+                  {0.25, 0.9},
+                  {4.3, 1.0},
+                  {4.7, 0.75},
+                  {5.0, 0.4},
+                  {5.4, 1.45 * idle_level}},
     };
     return DriveBuggy(brief.Blank(), ride, brief.chance);
 }

@@ -74,7 +74,7 @@ Sound ScooterStart(Brief brief) {
                  {2.1, 0.5},
                  {2.85, idle_load}},
         .bright_hz = {{0.0, 3000}, {1.3, 4000}, {1.75, 8000}, {2.2, 4500}, {2.85, idle_bright}},
-        .level = {{0.0, 0.8}, {1.4, 1.0}, {2.0, 1.0}, {2.5, 0.4}, {2.95, 0.85 * idle_level}},
+        .level = {{0.0, 0.8}, {1.4, 1.0}, {2.0, 1.0}, {2.5, 0.4}, {2.95, idle_level}},
     };
     MixAt(start, DriveEngine(scooter, start, ride, brief.chance), 0.0);
     return start;
@@ -90,9 +90,9 @@ Sound ScooterPullsAway(Brief brief) {
                    {2.7, 114},
                    {2.95, 104},
                    {3.8, 103},
-                   {4.45, 46},
-                   {4.8, 28},
-                   {5.0, idle}},
+                   {4.3, 46},
+                   {4.5, 28},
+                   {4.6, idle}},
         .load = {{0.0, idle_load},
                  {0.2, 0.9},
                  {0.5, 1.0},
@@ -100,22 +100,22 @@ Sound ScooterPullsAway(Brief brief) {
                  {2.95, 0.62},
                  {3.8, 0.6},
                  {3.95, 0.3},
-                 {4.6, 0.35},
-                 {5.0, idle_load}},
+                 {4.4, 0.35},
+                 {4.6, idle_load}},
         .bright_hz = {{0.0, idle_bright},
                       {0.4, 7500},
                       {2.7, 11000},
                       {3.0, 6000},
                       {3.8, 6000},
                       {4.1, 3600},
-                      {5.0, idle_bright}},
+                      {4.6, idle_bright}},
         .level = {{0.0, 0.3},
                   {0.25, 0.85},
                   {2.6, 1.0},
                   {3.0, 0.8},
                   {3.8, 0.75},
                   {4.3, 0.45},
-                  {4.9, 1.25 * idle_level}},
+                  {4.7, 1.4 * idle_level}},
     };
     return DriveEngine(scooter, five_seconds, ride, brief.chance);
 }

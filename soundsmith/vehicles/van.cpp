@@ -6,7 +6,7 @@ namespace tamlo::soundsmith {
 
 namespace {
 
-constexpr double idle = 41.0 / 8.0;  // cycles of eight firings a second
+constexpr double idle = 40.0 / 8.0;  // cycles of eight firings a second: fourteen in the loop
 constexpr double idle_level = 0.22;
 constexpr double idle_load = 0.6;
 constexpr double idle_bright = 1900;
@@ -78,9 +78,9 @@ Sound VanPullsAway(Brief brief) {
                    {1.85, P(82)},
                    {3.1, P(134)},
                    {3.3, P(100)},
-                   {3.8, P(104)},
-                   {4.3, P(58)},
-                   {4.6, idle}},
+                   {3.6, P(104)},
+                   {4.0, P(58)},
+                   {4.2, idle}},
         .load = {{0.0, idle_load},
                  {0.2, 0.95},
                  {1.45, 1.0},
@@ -89,9 +89,9 @@ Sound VanPullsAway(Brief brief) {
                  {1.85, 1.0},
                  {3.1, 1.0},
                  {3.25, 0.55},
-                 {3.8, 0.55},
-                 {3.95, 0.35},
-                 {4.6, idle_load}},
+                 {3.6, 0.55},
+                 {3.75, 0.35},
+                 {4.2, idle_load}},
         .bright_hz = {{0.0, idle_bright},
                       {0.3, 4200},
                       {1.4, 6500},
@@ -99,16 +99,16 @@ Sound VanPullsAway(Brief brief) {
                       {1.9, 4500},
                       {3.0, 6500},
                       {3.3, 3200},
-                      {3.8, 3000},
-                      {4.1, 1600},
-                      {4.6, idle_bright}},
+                      {3.6, 3000},
+                      {3.9, 1600},
+                      {4.2, idle_bright}},
         .level = {{0.0, 0.3},
                   {0.3, 0.9},
                   {3.1, 1.0},
                   {3.4, 0.75},
-                  {3.8, 0.7},
-                  {4.2, 0.35},
-                  {4.55, 0.85 * idle_level}},
+                  {3.6, 0.7},
+                  {3.9, 0.35},
+                  {4.3, 1.25 * idle_level}},
     };
     return DriveEngine(van, brief.Blank(), ride, brief.chance);
 }
