@@ -17,11 +17,20 @@ namespace {
 // The folding doors: air, then the leaves knock against their stops.
 Sound FoldingDoors(int rate, Chance& chance) {
     Sound doors = Silence(rate, 1.2);
-    MixAt(doors, NoiseBurst(rate, 0.05, 0.75, 1200, 5000, chance), 0.0, 0.7);
+    MixAt(doors, NoiseBurst(rate, 0.05, 0.75, 2200, 5000, chance), 0.0, 0.7);
     const Body leaf{{{130, 0.12, 1.0}, {285, 0.09, 0.8}, {720, 0.05, 0.5}}, {0.6, 0.02, 300, 3000}};
     MixAt(doors, Hit(leaf, rate, 1.0, chance), 0.72, 0.8);
     MixAt(doors, Hit(leaf, rate, 0.7, chance), 0.8, 0.6);
     return doors;
+}
+
+// The gears of the axle, which a bus is known by from far away: they climb with its speed.
+Sound Gears(const Sound& like) {
+    const Curve hz{{0.0, 730},  {3.2, 690},  {4.6, 430},  {6.1, 60},  {11.2, 60},
+                   {13.0, 540}, {13.3, 560}, {15.2, 760}, {17.2, 800}};
+    Sound gears = Tone(like.rate, like.Seconds(), hz, {1.0, 0.7, 0.3, 0.12});
+    Shape(gears, {{0.0, 1.0}, {4.6, 0.7}, {5.9, 0.0}, {11.3, 0.0}, {12.0, 0.8}, {17.2, 1.0}});
+    return gears;
 }
 
 }  // namespace
@@ -36,7 +45,8 @@ Sound CityBus(Brief brief) {
     Sound engine = RunEngine(bus_engine, bus, revs, load, brief.chance);
     Sound tyres = NoiseBand(bus, 150, 1800, brief.chance);
     Shape(tyres, {{0.0, 1.0}, {4.2, 0.8}, {6.0, 0.0}, {11.2, 0.0}, {13.5, 0.7}, {17.2, 1.0}});
-    MixAt(engine, tyres, 0.0, 0.35);
+    MixAt(engine, tyres, 0.0, 0.12);
+    MixAt(engine, Gears(bus), 0.0, 0.24);
     const Curve nearness{{0.0, 0.2},  {2.5, 0.42}, {4.8, 0.9},  {6.0, 1.0},
                          {11.5, 1.0}, {13.5, 0.7}, {15.5, 0.3}, {17.2, 0.06}};
     Shape(engine, nearness);
@@ -47,8 +57,8 @@ Sound CityBus(Brief brief) {
     MixAt(squeal, NoiseBand(squeal, 1000, 3500, brief.chance), 0.0, 0.3);
     Shape(squeal, {{0.0, 0.0}, {0.8, 1.0}, {1.25, 0.8}, {1.3, 0.0}});
     MixAt(bus, squeal, 4.7, 0.1);
-    MixAt(bus, NoiseBurst(brief.rate, 0.01, 0.5, 1400, 5000, brief.chance), 6.1, 0.6);
-    MixAt(bus, FoldingDoors(brief.rate, brief.chance), 6.7, 0.8);
+    MixAt(bus, NoiseBurst(brief.rate, 0.01, 0.5, 2200, 5000, brief.chance), 6.1, 0.6);
+    MixAt(bus, FoldingDoors(brief.rate, brief.chance), 6.7, 0.5);
     AddWalk(bus, HeavyShoe(), {4, 7.7, 0.4, 0.5, 0.35}, brief.chance);
     for (int beep = 0; beep < 4; ++beep) {
         Sound tone = Tone(brief.rate, 0.16, 1568, {1.0, 0.1, 0.25});
@@ -56,8 +66,8 @@ Sound CityBus(Brief brief) {
         FadeOut(tone, 0.01);
         MixAt(bus, tone, 9.15 + 0.32 * beep, 0.1);
     }
-    MixAt(bus, FoldingDoors(brief.rate, brief.chance), 10.35, 0.75);
-    MixAt(bus, NoiseBurst(brief.rate, 0.01, 0.25, 1400, 5000, brief.chance), 11.15, 0.5);
+    MixAt(bus, FoldingDoors(brief.rate, brief.chance), 10.35, 0.45);
+    MixAt(bus, NoiseBurst(brief.rate, 0.01, 0.25, 2200, 5000, brief.chance), 11.15, 0.5);
     AddRoom(bus, {14, 0.6, 2400, 0.15});
     SetLength(bus, 17.3);
     return bus;

@@ -30,6 +30,21 @@ Sound Screech(int rate, double seconds, double hz, Chance& chance) {
     return screech;
 }
 
+// What a lorry carries loose: chains and the flaps of its bed, shaken at every bump.
+void AddLoad(Sound& truck, Chance& chance) {
+    const Body flap{{{310, 0.16, 1.0}, {780, 0.12, 0.9}, {1720, 0.09, 0.7}, {3300, 0.06, 0.5}},
+                    {0.7, 0.012, 1200, 8000},
+                    0.08};
+    const Body chain{
+        {{2650, 0.06, 1.0}, {4150, 0.05, 0.9}, {6100, 0.04, 0.7}}, {0.5, 0.006, 3000, 9000}, 0.12};
+    for (double at = 0.1; at < truck.Seconds(); at += chance.Between(0.28, 0.62)) {
+        MixAt(truck, Hit(flap, truck.rate, 1.0, chance), at, chance.Between(0.5, 0.9));
+        for (int link = 0; link < 5; ++link)
+            MixAt(truck, Hit(chain, truck.rate, chance.Between(0.5, 1.0), chance),
+                  at + chance.Between(0.0, 0.25), 0.5);
+    }
+}
+
 }  // namespace
 
 Sound OldCar(Brief brief) {
@@ -63,12 +78,13 @@ Sound Truck(Brief brief) {
         truck_engine, blank, {{0.0, 9.5}, {1.6, 11.5}, {2.4, 10}, {3.4, 9.4}, {6.0, 12.5}},
         {{0.0, 1.0}, {1.6, 1.0}, {1.9, 0.5}, {3.3, 0.5}, {3.7, 1.0}}, brief.chance);
     MixAt(truck, NoiseBand(blank, 120, 2200, brief.chance), 0.0, 0.5);  // many tyres
+    AddLoad(truck, brief.chance);
     MixAt(truck, Horn(brief.rate, truck_horn, 0.45, brief.chance), 1.0, 1.7);
     MixAt(truck, Horn(brief.rate, truck_horn, 0.85, brief.chance), 1.6, 1.7);
     Sound scene = Passing(truck, {2.95, 8.5, 6.5}, brief.seconds);
     // The brakes let their air go as it passes.
-    MixAt(scene, NoiseBurst(brief.rate, 0.012, 0.55, 1600, 9000, brief.chance), 3.0, 0.55);
-    MixAt(scene, NoiseBurst(brief.rate, 0.008, 0.2, 2000, 9000, brief.chance), 3.62, 0.35);
+    MixAt(scene, NoiseBurst(brief.rate, 0.012, 0.55, 900, 2600, brief.chance), 3.0, 0.4);
+    MixAt(scene, NoiseBurst(brief.rate, 0.008, 0.2, 900, 2600, brief.chance), 3.62, 0.25);
     AddRoom(scene, street_room);
     return scene;
 }

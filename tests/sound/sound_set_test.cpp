@@ -126,6 +126,17 @@ TEST(SoundSet, LastsAsLongAsTheGameNeeds) {
     }
 }
 
+// Their engines say which of them comes, before the one's brakes and the other's doors do.
+TEST(Scenes, TruckAndBusAreToldApartWhileTheyCome) {
+    const auto colour = [](const char* name) {
+        soundsmith::Sound coming = SoundOf(*FindEffect(name));
+        if (coming.rate > 11025) coming = Decimate(coming, 2);
+        SetLength(coming, 3.0);
+        return soundsmith::MeasureVoice(coming).colour;
+    };
+    EXPECT_GT(soundsmith::Distance(colour("tamlo34"), colour("tamlo86")), 6.5);
+}
+
 TEST(Customers, SpeakAndNothingElseDoes) {
     for (const Effect& effect : Effects()) {
         // Twenty seconds of murmuring guests are voices too, only none of them speaks.
