@@ -171,7 +171,7 @@ def main():
         print("The voice data are not installed.")
         return 77
     failed = 0
-    with concurrent.futures.ThreadPoolExecutor(6) as pool:
+    with concurrent.futures.ThreadPoolExecutor(3) as pool:
         seeds = range(first, first + count)
         for seed, what, failure in pool.map(lambda seed: try_seed(game, source, seed), seeds):
             print(f"{seed}: {what}: {failure or 'heard'}", flush=True)

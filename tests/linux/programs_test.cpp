@@ -11,7 +11,6 @@
 #include "linux/system/programs.h"
 #include "linux/system/system_desktop.h"
 #include "linux/system/watched_run.h"
-#include "services/thread.h"
 #include "temporary_folder.h"
 
 namespace tamlo {
@@ -93,30 +92,6 @@ TEST(WatchedRunTest, TellsHowTheProgramEnded) {
     const RunEnd fault = RunWatched(fail_aside);
     EXPECT_EQ(fault.signal, SIGABRT);
     EXPECT_EQ(fault.notes.substr(0, fault.notes.find('\n')), "St13runtime_error: no room in ");
-}
-
-[[gnu::noinline]] int FillTheStack(volatile char* before, unsigned depth) {
-    volatile char room[4096];
-    room[0] = before[0];
-    return depth == 0 ? 0 : FillTheStack(room, depth - 1) + room[0];
-}
-
-// A thread of the voice, the card or the braille display, and one whose stack is full.
-TEST(WatchedRunTest, TellsWhereAThreadWasWhenItFailed) {
-    for (const auto& fail :
-         {std::function<void()>([] { ::raise(SIGSEGV); }), std::function<void()>([] {
-              char first = 0;
-              FillTheStack(&first, 1U << 30);
-          })}) {
-        const RunEnd fault = RunWatched(
-            [&] {
-                StartThread(fail).join();
-                return 0;
-            },
-            std::chrono::seconds(60));
-        EXPECT_EQ(fault.signal, SIGSEGV);
-        EXPECT_NE(fault.notes.find("linux_test("), std::string::npos) << fault.notes;
-    }
 }
 
 }  // namespace

@@ -131,7 +131,7 @@ class ManualPages(unittest.TestCase):
             self.assertIn(part, check)
 
         commands = re.findall(r"tamlo-city (\S+) ", run(BUILD / "tools/tamlo-city", "--help"))
-        self.assertEqual(len(commands), 4)
+        self.assertEqual(len(commands), 5)
         for command in commands:
             self.assertIn(f"tamlo-city {command} ", page_text(PACKAGING / "man/tamlo-city.6"))
 
