@@ -13,7 +13,8 @@ GAME = sys.argv[1]
 BACK = 3  # until the game is heard again; 0.05 to 0.4 on a quiet one
 ANSWERED = 3  # until a key is answered, heard or not
 ENDED = 5
-HELD = 0.3   # may still sound when the server continues; it holds 0.128
+# May still sound when the server continues; it holds 0.128. What is said again takes 0.38.
+HELD = 0.2
 BEGUN = 10  # 1.5 on a quiet one; the server's own limit for a connection is 30
 
 
